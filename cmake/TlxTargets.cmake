@@ -1,0 +1,93 @@
+# How every target of this tree is compiled, and the one-line functions that register them.
+
+set(TLX_QT_DEFINITIONS
+    QT_DEPRECATED_WARNINGS
+    QT_DISABLE_DEPRECATED_BEFORE=0x050d00
+    QT_NO_CAST_FROM_ASCII
+    QT_NO_CAST_FROM_BYTEARRAY
+    QT_NO_CAST_TO_ASCII
+    QT_NO_FOREACH
+    QT_NO_KEYWORDS
+    QT_NO_URL_CAST_FROM_STRING
+    QT_USE_QSTRINGBUILDER)
+
+if(MSVC)
+    set(TLX_WARNINGS /W4 /permissive- /utf-8)
+    set(TLX_WERROR_OPTION /WX)
+else()
+    set(TLX_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+    set(TLX_WERROR_OPTION -Werror)
+endif()
+
+# Language level, strict Qt definitions, warnings and sanitizers of one target.
+function(tlx_configure_target target)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON)
+    target_compile_definitions(${target} PRIVATE ${TLX_QT_DEFINITIONS})
+    target_compile_options(${target} PRIVATE ${TLX_WARNINGS})
+    if(TLXCORE_WERROR)
+        target_compile_options(${target} PRIVATE ${TLX_WERROR_OPTION})
+    endif()
+    if(TLXCORE_SANITIZE)
+        target_compile_options(${target} PRIVATE -fsanitize=${TLXCORE_SANITIZE} -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${TLXCORE_SANITIZE})
+        if(TLXCORE_SANITIZE MATCHES "undefined")
+            target_compile_options(${target} PRIVATE
+                -fsanitize=float-cast-overflow,float-divide-by-zero -fno-sanitize-recover=all)
+        endif()
+    endif()
+    if(TLXCORE_COVERAGE)
+        target_compile_options(${target} PRIVATE --coverage)
+        target_link_options(${target} PRIVATE --coverage)
+    endif()
+endfunction()
+
+# Adds the sources of one folder of the library, and its public headers to the list that is installed:
+#   tlx_core_folder(PUBLIC a.h b.h PRIVATE a.cpp c.h)
+function(tlx_core_folder)
+    cmake_parse_arguments(arg "" "" "PUBLIC;PRIVATE" ${ARGN})
+    file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}/core" "${CMAKE_CURRENT_SOURCE_DIR}")
+    foreach(file IN LISTS arg_PUBLIC arg_PRIVATE)
+        target_sources(tlxCore PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${file}")
+    endforeach()
+    foreach(header IN LISTS arg_PUBLIC)
+        if(folder)
+            set(header "${folder}/${header}")
+        endif()
+        set_property(GLOBAL APPEND PROPERTY TLX_PUBLIC_HEADERS "${header}")
+    endforeach()
+endfunction()
+
+# One Qt Test program, named after its source file, run by CTest:
+#   tlx_add_test(tst_CVariant [SOURCES more.cpp] [LIBRARIES more])
+function(tlx_add_test name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
+    add_executable(${name} ${name}.cpp ${arg_SOURCES})
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    tlx_configure_target(${name})
+    target_link_libraries(${name} PRIVATE tlxCore tlxTestSupport Qt5::Test ${arg_LIBRARIES})
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()
+
+# One Google Benchmark program; PEERS are the libraries that it measures beside ours.
+function(tlx_add_benchmark name)
+    cmake_parse_arguments(arg "" "" "PEERS" ${ARGN})
+    add_executable(${name} ${name}.cpp)
+    tlx_configure_target(${name})
+    target_link_libraries(${name} PRIVATE tlxCore benchmark::benchmark_main ${arg_PEERS})
+    set_property(GLOBAL APPEND PROPERTY TLX_BENCHMARKS ${name})
+endfunction()
+
+# One libFuzzer target with its seeds.
+function(tlx_add_fuzzer name)
+    add_executable(${name} ${name}.cpp)
+    tlx_configure_target(${name})
+    target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+    target_link_libraries(${name} PRIVATE tlxCore)
+    set_property(GLOBAL APPEND PROPERTY TLX_FUZZERS ${name})
+endfunction()

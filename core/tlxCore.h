@@ -1,0 +1,12 @@
+#ifndef TLXCORE_H
+#define TLXCORE_H
+
+/**
+ * @file
+ * @brief Umbrella header: every public header of tlxCore, and nothing else.
+ */
+
+#include <core/tlxCoreExport.h>
+#include <core/types/NTypes.h>
+
+#endif // TLXCORE_H

@@ -1,0 +1,28 @@
+#ifndef TLXCORE_QTEST_H
+#define TLXCORE_QTEST_H
+
+#include <core/tlxCore.h>
+
+#include <QDebug>
+#include <QtTest/qtest.h>
+
+/**
+ * @file
+ * @brief Readable values in failing tests: QTest::toString for the library's value types.
+ *
+ * Include it in test programs, which link Qt Test; the library itself does not, and core/tlxCore.h leaves it out.
+ */
+
+/// Makes QTest show a type as its QDebug operator writes it.
+#define TLXCORE_QTEST_TO_STRING(Type)                                                                        \
+    template <>                                                                                              \
+    inline char* QTest::toString(const Type& value)                                                          \
+    {                                                                                                        \
+        QString text;                                                                                        \
+        QDebug(&text).nospace() << value;                                                                    \
+        return qstrdup(text.toUtf8().constData());                                                           \
+    }
+
+#undef TLXCORE_QTEST_TO_STRING
+
+#endif // TLXCORE_QTEST_H

@@ -1,0 +1,33 @@
+# Helpers shared by the scripts; source it from bash.
+
+say() { printf '\n== %s\n' "$*"; }
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# Installs those of the named Debian packages that are missing, and says which.
+need_packages() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    say "installing missing packages: ${missing[*]}"
+    as_root apt-get update -qq
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev)
+TEST_PACKAGES=("${BUILD_PACKAGES[@]}" python3 pkg-config doxygen locales tzdata clang-format)
+
+# Uses ccache when it is there; it is never needed.
+if command -v ccache >/dev/null 2>&1; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
+
+# Configures and builds a preset; only errors and warnings are shown.
+build_preset() {
+    local preset=$1
+    say "building preset $preset"
+    cmake --preset "$preset" -DCMAKE_MESSAGE_LOG_LEVEL=WARNING >/dev/null
+    cmake --build --preset "$preset" -- --quiet
+}

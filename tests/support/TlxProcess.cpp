@@ -1,0 +1,27 @@
+#include <tests/support/TlxProcess.h>
+
+#include <QJsonDocument>
+#include <QProcess>
+
+QJsonObject STlxRun::json() const
+{
+    return QJsonDocument::fromJson(output).object();
+}
+
+STlxRun runTlx(const QStringList& arguments, const QStringList& environment)
+{
+    QProcess process;
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    for (const QString& text : environment) {
+        variables.insert(text.section(QLatin1Char('='), 0, 0), text.section(QLatin1Char('='), 1));
+    }
+    process.setProcessEnvironment(variables);
+    process.start(QStringLiteral(TLX_PROGRAM), arguments);
+    STlxRun run;
+    if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit) {
+        run.exitCode = process.exitCode();
+    }
+    run.output = process.readAllStandardOutput();
+    run.errorOutput = process.readAllStandardError();
+    return run;
+}

@@ -1,0 +1,21 @@
+#ifndef TLXTEST_TLXPROCESS_H
+#define TLXTEST_TLXPROCESS_H
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QStringList>
+
+/// One finished run of the program tlx.
+struct STlxRun
+{
+    int exitCode = -1;        ///< -1 when it did not start, crashed or took longer than a minute.
+    QByteArray output;        ///< Standard output.
+    QByteArray errorOutput;   ///< Standard error.
+    QJsonObject json() const; ///< Standard output as the one JSON object; empty when it is not one.
+    QJsonObject result() const { return json().value(QLatin1String("result")).toObject(); }
+};
+
+/// Runs tlx with these arguments; `environment` holds "NAME=value" texts that are set in addition.
+STlxRun runTlx(const QStringList& arguments, const QStringList& environment = {});
+
+#endif // TLXTEST_TLXPROCESS_H

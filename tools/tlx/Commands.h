@@ -1,0 +1,9 @@
+#ifndef TLX_COMMANDS_H
+#define TLX_COMMANDS_H
+
+class CReport;
+class QCommandLineParser;
+
+// What the rows of the command table point at: each command lives in a file of its own.
+
+#endif // TLX_COMMANDS_H
