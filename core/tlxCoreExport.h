@@ -10,6 +10,8 @@
  * TLXCORE_BUILD is defined while the library itself is compiled, TLXCORE_STATIC for a static library and its
  * users; the exported CMake target and tlxCore.pc carry the definition that applies.
  */
+
+/// Marks what the library exports.
 #if defined(TLXCORE_STATIC)
 #define TLXCORE_EXPORT
 #elif defined(TLXCORE_BUILD)
