@@ -2,6 +2,22 @@
 
 #include <QtTest>
 
+namespace {
+
+// The commands that the overview lists.
+QList<QByteArray> commandNames()
+{
+    const QList<QByteArray> lines = runTlx({QStringLiteral("--help")}).output.split('\n');
+    QList<QByteArray> names;
+    for (int i = lines.indexOf("Commands:") + 1; i > 0 && i < lines.size() && lines.at(i).startsWith("  ");
+         ++i) {
+        names << lines.at(i).trimmed().split(' ').first();
+    }
+    return names;
+}
+
+} // namespace
+
 /// The program's own grammar: help on every level, version, exit codes.
 class tst_tlx : public QObject
 {
@@ -12,6 +28,8 @@ private Q_SLOTS:
     void wrongUsage();
     void help();
     void everyCommandHasHelp();
+    void manualPage();
+    void bashCompletion();
 };
 
 void tst_tlx::wrongUsage_data()
@@ -47,16 +65,35 @@ void tst_tlx::help()
 
 void tst_tlx::everyCommandHasHelp()
 {
-    const QList<QByteArray> lines = runTlx({QStringLiteral("--help")}).output.split('\n');
-    const int first = lines.indexOf("Commands:") + 1;
-    QVERIFY(first > 0);
-    for (int i = first; i < lines.size() && lines.at(i).startsWith("  "); ++i) {
-        const QString command = QString::fromLatin1(lines.at(i)).trimmed().section(QLatin1Char(' '), 0, 0);
-        const STlxRun run = runTlx({command, QStringLiteral("--help")});
-        QVERIFY2(run.exitCode == 0, qPrintable(command));
-        QVERIFY2(run.output.startsWith("Usage: tlx " + command.toLatin1()), qPrintable(command));
-        QVERIFY2(run.output.contains("\nExample: tlx " + command.toLatin1()), qPrintable(command));
-        QVERIFY2(run.output.contains("--json"), qPrintable(command));
+    for (const QByteArray& command : commandNames()) {
+        const STlxRun run = runTlx({QString::fromLatin1(command), QStringLiteral("--help")});
+        QVERIFY2(run.exitCode == 0, command.constData());
+        QVERIFY2(run.output.startsWith("Usage: tlx " + command), command.constData());
+        QVERIFY2(run.output.contains("\nExample: tlx " + command), command.constData());
+        QVERIFY2(run.output.contains("--json"), command.constData());
+    }
+}
+
+void tst_tlx::manualPage()
+{
+    const STlxRun run = runTlx({QStringLiteral("--manual-page")});
+
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(run.output.startsWith(".TH TLX 1 "));
+    QVERIFY(run.output.contains("\n.SH COMMANDS\n"));
+    for (const QByteArray& command : commandNames()) {
+        QVERIFY2(run.output.contains("\n.SS " + command + "\n"), command.constData());
+    }
+}
+
+void tst_tlx::bashCompletion()
+{
+    const STlxRun run = runTlx({QStringLiteral("--bash-completion")});
+
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(run.output.endsWith("complete -o filenames -F _tlx tlx\n"));
+    for (const QByteArray& command : commandNames()) {
+        QVERIFY2(run.output.contains("        " + command + ") words=\"--help --json"), command.constData());
     }
 }
 

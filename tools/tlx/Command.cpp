@@ -1,6 +1,8 @@
 #include "Command.h"
 
+#include "Manual.h"
 #include "Report.h"
+#include "Terminal.h"
 
 #include <QCommandLineParser>
 
@@ -15,35 +17,6 @@ void print(FILE* file, const QString& text)
     std::fflush(file);
 }
 
-QString overview()
-{
-    QString text = QStringLiteral("Usage: tlx COMMAND [OPTIONS] [ARGUMENTS]\n"
-                                  "Shows what the library tlxCore does with the values that it is given.\n\n"
-                                  "Commands:\n");
-    for (const SCommand& command : commands()) {
-        text += QStringLiteral("  %1 %2\n")
-                    .arg(QLatin1String(command.name), -12)
-                    .arg(QLatin1String(command.summary));
-    }
-    return text
-           + QStringLiteral("\nOptions:\n"
-                            "  --help       Shows this help; behind a command, the command's own.\n"
-                            "  --version    Shows the version.\n"
-                            "  --json       Behind a command: prints the result as one JSON object.\n\n"
-                            "Exit codes: 0 done, 1 the input is damaged or not valid, 2 wrong usage.\n"
-                            "Example: tlx value U16 0x1F\n");
-}
-
-QString commandHelp(const SCommand& command, const QCommandLineParser& parser)
-{
-    QString options = parser.helpText();
-    options = options.mid(options.indexOf(QLatin1String("Options:")));
-    options = options.left(options.indexOf(QLatin1String("\nArguments:")));
-    return QStringLiteral("Usage: tlx %1 [OPTIONS] %2\n%3\n\n%4\nExample: %5\n")
-        .arg(QLatin1String(command.name), QLatin1String(command.arguments), QLatin1String(command.summary),
-             options, QLatin1String(command.example));
-}
-
 const SCommand* findCommand(const QString& name)
 {
     for (const SCommand& command : commands()) {
@@ -54,36 +27,66 @@ const SCommand* findCommand(const QString& name)
     return nullptr;
 }
 
+void printReport(const CReport& report, int code, bool json)
+{
+    if (json) {
+        print(stdout, report.json());
+        return;
+    }
+    print(stdout, report.text(NTerminal::outputWidth(), NTerminal::wantsColour()));
+    print(stderr, report.errorText());
+    if (code == EXIT_USAGE) {
+        print(stderr, QStringLiteral("See: tlx %1 --help\n").arg(report.command()));
+    }
+}
+
 int runCommand(const SCommand& command, const QStringList& arguments)
 {
     QCommandLineParser parser;
-    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Shows this help.")});
-    parser.addOption({QStringLiteral("json"), QStringLiteral("Prints the result as one JSON object.")});
-    if (command.addOptions) {
-        command.addOptions(parser);
-    }
+    addOptions(parser, command);
     CReport report(QLatin1String(command.name));
     int code = EXIT_DONE;
     if (!parser.parse(arguments)) {
         code = wrongUsage(report, parser.errorText());
     } else if (parser.isSet(QStringLiteral("help"))) {
-        print(stdout, commandHelp(command, parser));
+        print(stdout, NManual::commandHelp(command));
         return EXIT_DONE;
     } else {
         code = command.run(parser, report);
     }
-    const bool json = arguments.contains(QLatin1String("--json"));
-    print(stdout, json ? report.json() : report.text());
-    if (!json) {
-        print(stderr, report.errorText());
-    }
-    if (code == EXIT_USAGE && !json) {
-        print(stderr, QStringLiteral("See: tlx %1 --help\n").arg(QLatin1String(command.name)));
-    }
+    printReport(report, code, arguments.contains(QLatin1String("--json")));
     return code;
 }
 
+struct SGeneralOption
+{
+    const char* name;
+    QString (*text)();
+};
+
+QString version()
+{
+    return QStringLiteral("tlx " TLX_VERSION "\n");
+}
+
+const SGeneralOption GENERAL_OPTIONS[] = {
+    {"--help", NManual::overview},
+    {"-h", NManual::overview},
+    {"--version", version},
+    {"--manual-page", NManual::manualPage},
+    {"--bash-completion", NManual::bashCompletion},
+};
+
 } // namespace
+
+void addOptions(QCommandLineParser& parser, const SCommand& command)
+{
+    parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Shows this help.")});
+    parser.addOption({QStringLiteral("json"), QStringLiteral("Prints the result as one JSON object.")});
+    if (command.addOptions) {
+        command.addOptions(parser);
+    }
+}
 
 int wrongUsage(CReport& report, const QString& message)
 {
@@ -94,17 +97,16 @@ int wrongUsage(CReport& report, const QString& message)
 int runCommandLine(const QStringList& arguments)
 {
     const QString word = arguments.value(1);
-    if (word == QLatin1String("--help") || word == QLatin1String("-h") || word == QLatin1String("help")) {
-        print(stdout, overview());
-        return EXIT_DONE;
-    }
-    if (word == QLatin1String("--version")) {
-        print(stdout, QStringLiteral("tlx " TLX_VERSION "\n"));
-        return EXIT_DONE;
+    for (const SGeneralOption& option : GENERAL_OPTIONS) {
+        if (word == QLatin1String(option.name)) {
+            print(stdout, option.text());
+            return EXIT_DONE;
+        }
     }
     const SCommand* command = findCommand(word);
     if (!command) {
-        print(stderr, word.isEmpty() ? overview() : QStringLiteral("tlx: no such command: %1\n").arg(word));
+        print(stderr,
+              word.isEmpty() ? NManual::overview() : QStringLiteral("tlx: no such command: %1\n").arg(word));
         return EXIT_USAGE;
     }
     return runCommand(*command, arguments.mid(1));

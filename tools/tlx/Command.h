@@ -32,6 +32,9 @@ const QList<SCommand>& commands();
 /// Parses the command line (program name first), runs the command and prints its report; gives the exit code.
 int runCommandLine(const QStringList& arguments);
 
+/// Adds the options that every command takes, and the command's own.
+void addOptions(QCommandLineParser& parser, const SCommand& command);
+
 /// Ends a command because of wrong usage: `message` says what is wrong.
 int wrongUsage(CReport& report, const QString& message);
 

@@ -4,6 +4,7 @@
 #include <QVector>
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -37,17 +38,70 @@ QString shown(const QJsonValue& value)
     return escapedForTerminal(value.toVariant().toString());
 }
 
-QString row(const QStringList& cells, const QVector<int>& widths)
+QString bold(const QString& text, bool colour)
 {
-    QString line = QStringLiteral(" ");
-    for (int i = 0; i < cells.size(); ++i) {
-        line +=
-            QLatin1Char(' ') + escapedForTerminal(cells.at(i)).leftJustified(widths.at(i)) + QLatin1Char(' ');
+    return colour ? QStringLiteral("\x1b[1m") + text + QStringLiteral("\x1b[0m") : text;
+}
+
+QStringList escapedCells(const QStringList& cells)
+{
+    QStringList escaped;
+    for (const QString& cell : cells) {
+        escaped << escapedForTerminal(cell);
+    }
+    return escaped;
+}
+
+// Width of each column, the widest ones narrowed until the table fits.
+QVector<int> columnWidths(const QList<QStringList>& rows, int columns, int width)
+{
+    QVector<int> widths(columns, 0);
+    for (const QStringList& cells : rows) {
+        for (int i = 0; i < columns; ++i) {
+            widths[i] = std::max(widths.at(i), cells.value(i).size());
+        }
+    }
+    constexpr int NARROWEST = 4;
+    int total = std::accumulate(widths.cbegin(), widths.cend(), columns * 2);
+    while (width > 0 && total > width) {
+        const auto widest = std::max_element(widths.begin(), widths.end());
+        if (*widest <= NARROWEST) {
+            break;
+        }
+        --*widest;
+        --total;
+    }
+    return widths;
+}
+
+QString tableLine(const QStringList& cells, const QVector<int>& widths)
+{
+    QString line;
+    for (int i = 0; i < widths.size(); ++i) {
+        QString cell = cells.value(i);
+        if (cell.size() > widths.at(i)) {
+            cell = cell.left(widths.at(i) - 1) + QChar(0x2026);
+        }
+        line += QLatin1String("  ") + cell.leftJustified(widths.at(i));
     }
     while (line.endsWith(QLatin1Char(' '))) {
         line.chop(1);
     }
-    return line + QLatin1Char('\n');
+    return line;
+}
+
+QString tableText(const QStringList& columns, const QList<QStringList>& rows, int width, bool colour)
+{
+    QList<QStringList> lines{columns};
+    for (const QStringList& cells : rows) {
+        lines << escapedCells(cells);
+    }
+    const QVector<int> widths = columnWidths(lines, columns.size(), width);
+    QString text = bold(tableLine(columns, widths), colour) + QLatin1Char('\n');
+    for (int i = 1; i < lines.size(); ++i) {
+        text += tableLine(lines.at(i), widths) + QLatin1Char('\n');
+    }
+    return text;
 }
 
 } // namespace
@@ -77,31 +131,20 @@ void CReport::setSection(const QString& key, const QString& title)
 {
     mSection = key;
     if (!title.isEmpty()) {
-        mText += (mText.isEmpty() ? QString() : QStringLiteral("\n")) + title + QLatin1Char('\n');
+        mBlocks << SBlock{SBlock::Title, {title}, {}};
     }
 }
 
 void CReport::add(const QString& key, const QString& label, const QJsonValue& value)
 {
     insert(key, value);
-    mText += QLatin1String("  ") + label.leftJustified(LABEL_WIDTH) + QLatin1Char(' ') + shown(value)
-             + QLatin1Char('\n');
+    mBlocks << SBlock{SBlock::Row, {label, shown(value)}, {}};
 }
 
 void CReport::addTable(const QString& key, const QStringList& columns, const QList<QStringList>& rows)
 {
-    QVector<int> widths;
-    for (int i = 0; i < columns.size(); ++i) {
-        int width = columns.at(i).size();
-        for (const QStringList& cells : rows) {
-            width = std::max(width, escapedForTerminal(cells.value(i)).size());
-        }
-        widths << width;
-    }
-    mText += row(columns, widths);
     QJsonArray array;
     for (const QStringList& cells : rows) {
-        mText += row(cells, widths);
         QJsonObject object;
         for (int i = 0; i < columns.size(); ++i) {
             object.insert(columns.at(i), cells.value(i));
@@ -109,6 +152,7 @@ void CReport::addTable(const QString& key, const QStringList& columns, const QLi
         array.append(object);
     }
     insert(key, array);
+    mBlocks << SBlock{SBlock::Table, columns, rows};
 }
 
 void CReport::setError(const QString& message, qint64 offset)
@@ -117,9 +161,25 @@ void CReport::setError(const QString& message, qint64 offset)
     mOffset = offset;
 }
 
-QString CReport::text() const
+QString CReport::text(int width, bool colour) const
 {
-    return mText;
+    QString text;
+    for (const SBlock& block : mBlocks) {
+        switch (block.kind) {
+        case SBlock::Title:
+            text += (text.isEmpty() ? QString() : QStringLiteral("\n")) + bold(block.head.first(), colour)
+                    + QLatin1Char('\n');
+            break;
+        case SBlock::Row:
+            text += QLatin1String("  ") + block.head.first().leftJustified(LABEL_WIDTH) + QLatin1Char(' ')
+                    + block.head.last() + QLatin1Char('\n');
+            break;
+        case SBlock::Table:
+            text += tableText(block.head, block.rows, width, colour);
+            break;
+        }
+    }
+    return text;
 }
 
 QString CReport::json() const

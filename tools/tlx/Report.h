@@ -36,18 +36,33 @@ public:
     /// The error; `offset` is the byte at which the input stops making sense, -1 when there is none to name.
     void setError(const QString& message, qint64 offset = -1);
 
+    QString command() const { return mCommand; }
     bool hasError() const { return !mMessage.isNull(); }
 
-    QString text() const;
+    /// For people. Tables are cut to `width` columns (0: never), headings are bold with `colour`.
+    QString text(int width = 0, bool colour = false) const;
     QString json() const;
     QString errorText() const;
 
 private:
+    // One piece of the text form: a section's title, a row (label and value), or a table (columns and rows).
+    struct SBlock
+    {
+        enum EKind
+        {
+            Title,
+            Row,
+            Table
+        } kind;
+        QStringList head;
+        QList<QStringList> rows;
+    };
+
     void insert(const QString& key, const QJsonValue& value);
 
     QString mCommand;
     QString mSection;
-    QString mText;
+    QList<SBlock> mBlocks;
     QString mMessage;
     qint64 mOffset = -1;
     QJsonObject mResult;
