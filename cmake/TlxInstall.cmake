@@ -20,6 +20,9 @@ if(TARGET tlx)
 endif()
 
 install(FILES README.md CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT documentation)
+# The reference is there once the target `docs` was built.
+install(DIRECTORY "${PROJECT_BINARY_DIR}/docs/html" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+    COMPONENT documentation OPTIONAL)
 
 install(EXPORT tlxCoreTargets NAMESPACE tlxCore:: DESTINATION "${TLX_PACKAGE_DIR}" COMPONENT development)
 configure_package_config_file(cmake/tlxCoreConfig.cmake.in "${PROJECT_BINARY_DIR}/tlxCoreConfig.cmake"
@@ -38,3 +41,21 @@ endif()
 configure_file(cmake/tlxCore.pc.in "${PROJECT_BINARY_DIR}/tlxCore.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/tlxCore.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
     COMPONENT development)
+
+# Each Debian package carries its own copyright and changelog.
+option(TLXCORE_DEBIAN_DOCS "Install each package's copyright and changelog where Debian wants them" OFF)
+if(TLXCORE_DEBIAN_DOCS)
+    find_program(GZIP gzip REQUIRED)
+    add_custom_command(OUTPUT "${PROJECT_BINARY_DIR}/changelog.gz"
+        COMMAND "${GZIP}" -9nc "${PROJECT_SOURCE_DIR}/CHANGELOG.md" > "${PROJECT_BINARY_DIR}/changelog.gz"
+        DEPENDS CHANGELOG.md VERBATIM)
+    add_custom_target(debian_docs ALL DEPENDS "${PROJECT_BINARY_DIR}/changelog.gz")
+    foreach(pair runtime:libtlxcore${PROJECT_VERSION_MAJOR} development:libtlxcore-dev tools:tlxcore-tools
+            documentation:tlxcore-doc)
+        string(REPLACE ":" ";" pair "${pair}")
+        list(GET pair 0 component)
+        list(GET pair 1 package)
+        install(FILES packaging/debian/copyright "${PROJECT_BINARY_DIR}/changelog.gz"
+            DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${component})
+    endforeach()
+endif()
