@@ -1,12 +1,30 @@
-# The `docs` target: Doxygen over the public headers and docs/; every warning is an error.
+# The `docs` target: the reference from the public headers and docs/, with an architecture drawing made from the code's
+# includes, and the same as a Qt help file where qhelpgenerator is there. Every warning of Doxygen is an error.
 find_package(Doxygen QUIET)
-if(DOXYGEN_FOUND)
+find_package(Python3 QUIET COMPONENTS Interpreter)
+find_program(DOT dot)
+find_program(QHELPGENERATOR qhelpgenerator PATHS /usr/lib/qt5/bin)
+
+if(DOXYGEN_FOUND AND Python3_FOUND)
     get_property(headers GLOBAL PROPERTY TLX_PUBLIC_HEADERS)
     list(TRANSFORM headers PREPEND "core/")
     list(JOIN headers " " TLX_DOC_HEADERS)
-    configure_file(docs/Doxyfile.in "${PROJECT_BINARY_DIR}/docs/Doxyfile" @ONLY)
+    set(TLX_DOC_OUTPUT "${PROJECT_BINARY_DIR}/docs")
+    set(TLX_DOC_HELP NO)
+    if(QHELPGENERATOR)
+        set(TLX_DOC_HELP YES)
+    endif()
+    configure_file(docs/Doxyfile.in "${TLX_DOC_OUTPUT}/Doxyfile" @ONLY)
+
+    set(draw_commands
+        COMMAND Python3::Interpreter docs/architecture.py . > "${TLX_DOC_OUTPUT}/architecture.dot")
+    if(DOT)
+        list(APPEND draw_commands
+            COMMAND "${DOT}" -Tsvg -o "${TLX_DOC_OUTPUT}/architecture.svg" "${TLX_DOC_OUTPUT}/architecture.dot")
+    endif()
     add_custom_target(docs
-        COMMAND Doxygen::doxygen "${PROJECT_BINARY_DIR}/docs/Doxyfile"
+        ${draw_commands}
+        COMMAND Doxygen::doxygen "${TLX_DOC_OUTPUT}/Doxyfile"
         WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}"
         COMMENT "Documentation of the public headers"
         VERBATIM)

@@ -23,6 +23,8 @@ install(FILES README.md CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPO
 # The reference is there once the target `docs` was built.
 install(DIRECTORY "${PROJECT_BINARY_DIR}/docs/html" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
     COMPONENT documentation OPTIONAL)
+install(FILES "${PROJECT_BINARY_DIR}/docs/tlxCore.qch" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+    COMPONENT documentation OPTIONAL)
 
 install(EXPORT tlxCoreTargets NAMESPACE tlxCore:: DESTINATION "${TLX_PACKAGE_DIR}" COMPONENT development)
 configure_package_config_file(cmake/tlxCoreConfig.cmake.in "${PROJECT_BINARY_DIR}/tlxCoreConfig.cmake"

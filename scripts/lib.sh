@@ -21,6 +21,7 @@ need_packages() {
 BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev)
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" python3 pkg-config doxygen locales tzdata clang-format)
 BENCH_PACKAGES=(libbenchmark-dev zlib1g-dev libdeflate-dev python3)
+FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm)
 PACKAGE_PACKAGES=(dpkg-dev file lintian doxygen)
 
 # Uses ccache when it is there; it is never needed.
