@@ -14,6 +14,7 @@ if(WIN32)
     # One folder for a MinGW project: everything together.
     set(CPACK_GENERATOR ZIP)
     set(CPACK_MONOLITHIC_INSTALL ON)
+    set(CPACK_PACKAGE_FILE_NAME "tlxCore-${PROJECT_VERSION}-windows-${CMAKE_SYSTEM_PROCESSOR}")
 else()
     set(CPACK_GENERATOR DEB TGZ)
 endif()

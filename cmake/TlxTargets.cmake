@@ -19,6 +19,12 @@ else()
     set(TLX_WERROR_OPTION -Werror)
 endif()
 
+if(WIN32)
+    list(APPEND TLX_QT_DEFINITIONS NOMINMAX UNICODE)
+    # Windows looks for a program's DLLs beside the program.
+    set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+endif()
+
 # Language level, strict Qt definitions, warnings and sanitizers of one target.
 function(tlx_configure_target target)
     target_compile_features(${target} PUBLIC cxx_std_17)

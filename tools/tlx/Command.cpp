@@ -1,21 +1,13 @@
 #include "Command.h"
 
 #include "Manual.h"
+#include "Output.h"
 #include "Report.h"
 #include "Terminal.h"
 
 #include <QCommandLineParser>
 
-#include <cstdio>
-
 namespace {
-
-void print(FILE* file, const QString& text)
-{
-    const QByteArray bytes = text.toLocal8Bit();
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), file);
-    std::fflush(file);
-}
 
 const SCommand* findCommand(const QString& name)
 {
@@ -30,13 +22,13 @@ const SCommand* findCommand(const QString& name)
 void printReport(const CReport& report, int code, bool json)
 {
     if (json) {
-        print(stdout, report.json());
+        printBytes(stdout, report.json().toUtf8());
         return;
     }
-    print(stdout, report.text(NTerminal::outputWidth(), NTerminal::wantsColour()));
-    print(stderr, report.errorText());
+    printText(stdout, report.text(NTerminal::outputWidth(), NTerminal::wantsColour()));
+    printText(stderr, report.errorText());
     if (code == EXIT_USAGE) {
-        print(stderr, QStringLiteral("See: tlx %1 --help\n").arg(report.command()));
+        printText(stderr, QStringLiteral("See: tlx %1 --help\n").arg(report.command()));
     }
 }
 
@@ -49,7 +41,7 @@ int runCommand(const SCommand& command, const QStringList& arguments)
     if (!parser.parse(arguments)) {
         code = wrongUsage(report, parser.errorText());
     } else if (parser.isSet(QStringLiteral("help"))) {
-        print(stdout, NManual::commandHelp(command));
+        printText(stdout, NManual::commandHelp(command));
         return EXIT_DONE;
     } else {
         code = command.run(parser, report);
@@ -99,14 +91,14 @@ int runCommandLine(const QStringList& arguments)
     const QString word = arguments.value(1);
     for (const SGeneralOption& option : GENERAL_OPTIONS) {
         if (word == QLatin1String(option.name)) {
-            print(stdout, option.text());
+            printText(stdout, option.text());
             return EXIT_DONE;
         }
     }
     const SCommand* command = findCommand(word);
     if (!command) {
-        print(stderr,
-              word.isEmpty() ? NManual::overview() : QStringLiteral("tlx: no such command: %1\n").arg(word));
+        printText(stderr, word.isEmpty() ? NManual::overview()
+                                         : QStringLiteral("tlx: no such command: %1\n").arg(word));
         return EXIT_USAGE;
     }
     return runCommand(*command, arguments.mid(1));

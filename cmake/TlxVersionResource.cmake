@@ -1,0 +1,26 @@
+# tlx_add_version_resource(<target> <description>): a Windows version resource for a DLL or program, filled from the
+# project's version. Nothing elsewhere.
+function(tlx_add_version_resource target description)
+    if(NOT WIN32)
+        return()
+    endif()
+    get_target_property(kind ${target} TYPE)
+    if(kind STREQUAL "STATIC_LIBRARY")
+        return()
+    elseif(kind STREQUAL "EXECUTABLE")
+        set(TLX_RESOURCE_TYPE VFT_APP)
+        set(TLX_RESOURCE_FILE "${target}.exe")
+    else()
+        set(TLX_RESOURCE_TYPE VFT_DLL)
+        set(TLX_RESOURCE_FILE "${target}.dll")
+    endif()
+    set(TLX_RESOURCE_NAME "${target}")
+    set(TLX_RESOURCE_DESCRIPTION "${description}")
+    set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}-version.rc")
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/version.rc.in" "${resource}" @ONLY)
+
+    # A target of its own: the resource compiler does not know the C++ options of the other sources.
+    add_library(${target}_version OBJECT "${resource}")
+    set_target_properties(${target}_version PROPERTIES LINKER_LANGUAGE CXX AUTOMOC OFF AUTORCC OFF)
+    target_sources(${target} PRIVATE $<TARGET_OBJECTS:${target}_version>)
+endfunction()

@@ -1,0 +1,35 @@
+# Toolchain: 64-bit Windows, MinGW-w64 with posix threads, from Linux. Programs run under Wine through scripts/run-wine.
+# Qt for Windows is looked for where scripts/build-qt-windows puts it; TLXCORE_WINDOWS_QT (variable or environment)
+# names another folder.
+
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+
+if(DEFINED TLXCORE_WINDOWS_QT)
+    set(_tlx_qt "${TLXCORE_WINDOWS_QT}")
+elseif(DEFINED ENV{TLXCORE_WINDOWS_QT})
+    set(_tlx_qt "$ENV{TLXCORE_WINDOWS_QT}")
+elseif(DEFINED ENV{TLXCORE_CACHE})
+    set(_tlx_qt "$ENV{TLXCORE_CACHE}/qt-5.15-mingw64")
+elseif(DEFINED ENV{XDG_CACHE_HOME})
+    set(_tlx_qt "$ENV{XDG_CACHE_HOME}/tlxcore/qt-5.15-mingw64")
+else()
+    set(_tlx_qt "$ENV{HOME}/.cache/tlxcore/qt-5.15-mingw64")
+endif()
+
+list(APPEND CMAKE_PREFIX_PATH "${_tlx_qt}")
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+# Qt and installed copies of this library lie outside the root, so libraries and packages are looked for on both sides.
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY BOTH)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
+# The build machine's own packages are for Linux.
+set(CMAKE_FIND_USE_CMAKE_SYSTEM_PATH OFF)
+set(CMAKE_FIND_USE_SYSTEM_ENVIRONMENT_PATH ON)
+
+set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/../scripts/run-wine")
