@@ -31,6 +31,11 @@ if command -v ccache >/dev/null 2>&1; then export CMAKE_CXX_COMPILER_LAUNCHER=cc
 build_preset() {
     local preset=$1
     say "building preset $preset"
-    cmake --preset "$preset" -DCMAKE_MESSAGE_LOG_LEVEL=WARNING >/dev/null
+    cmake --preset "$preset" --log-level=WARNING >/dev/null
     cmake --build --preset "$preset" -- --quiet
 }
+
+# The folder for what later runs reuse, outside the tree.
+cache_dir() { printf '%s\n' "${TLXCORE_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/tlxcore}"; }
+
+die() { printf 'error: %s\n' "$*" >&2; exit 1; }
