@@ -18,7 +18,7 @@ need_packages() {
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev)
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" python3 pkg-config doxygen locales tzdata clang-format)
 BENCH_PACKAGES=(libbenchmark-dev zlib1g-dev libdeflate-dev python3)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm)
