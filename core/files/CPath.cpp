@@ -1,0 +1,251 @@
+#include <core/files/CPath.h>
+
+#include <core/StaticObjects.h>
+#include <core/files/Platform.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QFile::Permissions::Int NEW_DIRECTORY = 0x7075; // rwxrwxr-x
+
+constexpr auto BIN = NStatic::text("bin/");
+constexpr auto LIB = NStatic::text("lib/");
+constexpr auto ETC = NStatic::text("etc/");
+constexpr auto TXT = NStatic::text("etc/txt/");
+constexpr auto IMG = NStatic::text("etc/image/");
+constexpr auto DOC = NStatic::text("etc/doc/");
+constexpr auto CCONF = NStatic::text("etc/conf/");
+constexpr auto CDATA = NStatic::text("etc/data/");
+constexpr auto CONF = NStatic::text("conf/");
+constexpr auto LOG = NStatic::text("log/");
+constexpr auto MOT = NStatic::text("motor/");
+constexpr auto PAR = NStatic::text("param/");
+constexpr auto DAT = NStatic::text("data/");
+constexpr auto PRJ = NStatic::text("project/");
+constexpr auto PLUGINS = NStatic::text("plugins/");
+constexpr auto COMPANY = NStatic::text("TARVENIK/");
+
+// The directory is named by text alone: it need not exist any more.
+QString installDirectory()
+{
+    return QFileInfo(QDir(QCoreApplication::applicationDirPath()).absolutePath()).absolutePath();
+}
+
+bool isSeparator(QChar character)
+{
+    return character == QLatin1Char('/') || character == QDir::separator();
+}
+
+bool endsWithSeparator(const QString& s)
+{
+    return !s.isEmpty() && isSeparator(s.back());
+}
+
+bool startsWithSeparator(const QString& s)
+{
+    return !s.isEmpty() && isSeparator(s.front());
+}
+
+// "*" and "\" are not among them: callers pass names with wildcards.
+bool isForbidden(QChar character)
+{
+    return QStringView(u"<>:!?|\"").contains(character);
+}
+
+QString userTree(const QString& root)
+{
+    return root + QLatin1Char('/') + CPath::CPATH_COMPANY + CPath::productName() + QLatin1Char('/');
+}
+
+} // namespace
+
+TLX_CONSTINIT const QString CPath::CPATH_BIN(NStatic::data(BIN));
+TLX_CONSTINIT const QString CPath::CPATH_LIB(NStatic::data(LIB));
+TLX_CONSTINIT const QString CPath::CPATH_ETC(NStatic::data(ETC));
+TLX_CONSTINIT const QString CPath::CPATH_TXT(NStatic::data(TXT));
+TLX_CONSTINIT const QString CPath::CPATH_IMG(NStatic::data(IMG));
+TLX_CONSTINIT const QString CPath::CPATH_DOC(NStatic::data(DOC));
+TLX_CONSTINIT const QString CPath::CPATH_CCONF(NStatic::data(CCONF));
+TLX_CONSTINIT const QString CPath::CPATH_CDATA(NStatic::data(CDATA));
+TLX_CONSTINIT const QString CPath::CPATH_CONF(NStatic::data(CONF));
+TLX_CONSTINIT const QString CPath::CPATH_LOG(NStatic::data(LOG));
+TLX_CONSTINIT const QString CPath::CPATH_MOT(NStatic::data(MOT));
+TLX_CONSTINIT const QString CPath::CPATH_PAR(NStatic::data(PAR));
+TLX_CONSTINIT const QString CPath::CPATH_DAT(NStatic::data(DAT));
+TLX_CONSTINIT const QString CPath::CPATH_PRJ(NStatic::data(PRJ));
+TLX_CONSTINIT const QString CPath::CPATH_PLUGINS(NStatic::data(PLUGINS));
+TLX_CONSTINIT const QString CPath::CPATH_COMPANY(NStatic::data(COMPANY));
+
+QString CPath::installPath()
+{
+    return installDirectory() + QLatin1Char('/');
+}
+
+QString CPath::productName()
+{
+    return QFileInfo(installDirectory()).fileName();
+}
+
+QString CPath::appdataPath()
+{
+    // Unset, it counts as empty and the path begins at the root: tools rely on the same text everywhere.
+    return userTree(QString::fromLocal8Bit(qgetenv("APPDATA")));
+}
+
+QString CPath::userdataPath()
+{
+    const QString documents = NPlatform::documentsFolder();
+    return userTree(documents.isEmpty() ? QDir::homePath() : documents);
+}
+
+QString CPath::binPath(bool create)
+{
+    return createDirIfWanted(installPath() + CPATH_BIN, create);
+}
+
+QString CPath::libPath(bool create)
+{
+    return binPath(create);
+}
+
+QString CPath::etcPath(bool create)
+{
+    return createDirIfWanted(installPath() + CPATH_ETC, create);
+}
+
+QString CPath::txtPath(bool create)
+{
+    return createDirIfWanted(installPath() + CPATH_TXT, create);
+}
+
+QString CPath::imagePath(bool create)
+{
+    return createDirIfWanted(installPath() + CPATH_IMG, create);
+}
+
+QString CPath::docPath(bool create)
+{
+    return createDirIfWanted(installPath() + CPATH_DOC, create);
+}
+
+QString CPath::constConfigPath(bool create)
+{
+    return createDirIfWanted(installPath() + CPATH_CCONF, create);
+}
+
+QString CPath::constDataPath(bool create)
+{
+    return createDirIfWanted(installPath() + CPATH_CDATA, create);
+}
+
+QString CPath::configPath(bool create)
+{
+    return createDirIfWanted(appdataPath() + CPATH_CONF, create);
+}
+
+QString CPath::logPath(bool create)
+{
+    return createDirIfWanted(appdataPath() + CPATH_LOG, create);
+}
+
+QString CPath::motorPath(bool create)
+{
+    return createDirIfWanted(userdataPath() + CPATH_MOT, create);
+}
+
+QString CPath::paramPath(bool create)
+{
+    return createDirIfWanted(userdataPath() + CPATH_PAR, create);
+}
+
+QString CPath::dataPath(bool create)
+{
+    return createDirIfWanted(userdataPath() + CPATH_DAT, create);
+}
+
+QString CPath::projectPath(bool create)
+{
+    return createDirIfWanted(userdataPath() + CPATH_PRJ, create);
+}
+
+QString CPath::createDirIfWanted(const QString& path, bool create)
+{
+    if (create && !QDir(path).exists() && QDir().mkpath(path)) {
+        QFile::setPermissions(removePathSeparatorAtEnd(path), QFile::Permissions(NEW_DIRECTORY));
+    }
+    return path;
+}
+
+bool CPath::doesFilenameContainPath(const QString& name)
+{
+    return std::any_of(name.begin(), name.end(), isSeparator);
+}
+
+QString CPath::prependPathIfNoPathIsGiven(const QString& fileName, const QString& path)
+{
+    if (fileName.isEmpty() || doesFilenameContainPath(fileName)) {
+        return fileName;
+    }
+    return QFileInfo(QDir(QFileInfo(path).absolutePath()), fileName).absoluteFilePath();
+}
+
+QString CPath::trimPathIfPathIsEqual(const QString& fileName, const QString& path)
+{
+    if (fileName.isEmpty()) {
+        return fileName;
+    }
+    const QFileInfo info(fileName);
+    return info.absoluteDir() == QDir(path) ? info.fileName() : fileName;
+}
+
+QString CPath::filePath(const QString& name)
+{
+    return name.isEmpty() ? QString() : QFileInfo(name).absolutePath();
+}
+
+QString CPath::ensurePathSeparatorAtEnd(QString s)
+{
+    if (!endsWithSeparator(s)) {
+        s += QLatin1Char('/');
+    }
+    return s;
+}
+
+QString CPath::ensurePathSeparatorAtStart(const QString& s)
+{
+    return startsWithSeparator(s) ? s : QLatin1Char('/') + s;
+}
+
+QString CPath::removePathSeparatorAtStart(const QString& s)
+{
+    return startsWithSeparator(s) ? s.mid(1) : s;
+}
+
+QString CPath::removePathSeparatorAtEnd(const QString& s)
+{
+    return endsWithSeparator(s) ? s.chopped(1) : s;
+}
+
+QString CPath::addPathToPath(const QString& path, const QString& subPath)
+{
+    return ensurePathSeparatorAtEnd(ensurePathSeparatorAtEnd(path) + subPath);
+}
+
+QString CPath::addFileNameToPath(const QString& path, const QString& fileName)
+{
+    return ensurePathSeparatorAtEnd(path) + fileName;
+}
+
+QString CPath::cleanFileName(const QString& fileName)
+{
+    const QFileInfo info(fileName);
+    QString name = info.fileName().simplified();
+    name.truncate(static_cast<int>(std::remove_if(name.begin(), name.end(), isForbidden) - name.begin()));
+    return info.absolutePath() + QLatin1Char('/') + name;
+}

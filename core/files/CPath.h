@@ -1,0 +1,140 @@
+#ifndef TLXCORE_CPATH_H
+#define TLXCORE_CPATH_H
+
+#include <core/tlxCoreExport.h>
+
+#include <QString>
+
+/**
+ * @brief Where the files of a tool lie, and helpers that join and tidy paths.
+ *
+ * There are three trees: the installation (programs, read-only configuration, texts, images, documents), the user's
+ * application data (configuration, logs) and the user's documents (motor and parameter files, data, projects). The
+ * user's trees of different tools are told apart by productName(), the name of the installation directory.
+ *
+ * Every directory is an absolute path that ends in "/", so that a file name can be appended. No function reports a
+ * failure. A function that takes `createDirIfWanted` makes the missing directory when it is true, see
+ * createDirIfWanted(); when it is false, nothing touches the disk.
+ *
+ * A "separator" is "/" or the platform's own QDir::separator().
+ *
+ * The constants can be used by static objects of a program.
+ *
+ * @code
+ * QFile file(CPath::configPath(true) + QStringLiteral("view.ini"));
+ * @endcode
+ */
+class TLXCORE_EXPORT CPath
+{
+public:
+    static const QString CPATH_BIN;     ///< "bin/": programs and libraries.
+    static const QString CPATH_LIB;     ///< "lib/": unused, the libraries lie beside the programs.
+    static const QString CPATH_ETC;     ///< "etc/"
+    static const QString CPATH_TXT;     ///< "etc/txt/"
+    static const QString CPATH_IMG;     ///< "etc/image/"
+    static const QString CPATH_DOC;     ///< "etc/doc/"
+    static const QString CPATH_CCONF;   ///< "etc/conf/": read-only configuration.
+    static const QString CPATH_CDATA;   ///< "etc/data/": read-only data.
+    static const QString CPATH_CONF;    ///< "conf/": the user's configuration.
+    static const QString CPATH_LOG;     ///< "log/"
+    static const QString CPATH_MOT;     ///< "motor/"
+    static const QString CPATH_PAR;     ///< "param/"
+    static const QString CPATH_DAT;     ///< "data/"
+    static const QString CPATH_PRJ;     ///< "project/"
+    static const QString CPATH_PLUGINS; ///< "plugins/": for callers.
+    static const QString CPATH_COMPANY; ///< "TARVENIK/": parts the maker's files from those of others.
+
+    CPath() = default;
+
+    /// The installation: the parent of the directory that holds the running executable.
+    static QString installPath();
+
+    /// The name of the installation directory, which is the product's name; empty when the parent is a root.
+    static QString productName();
+
+    /**
+     * @brief The user's application data: "<APPDATA>/TARVENIK/<product>/".
+     *
+     * The environment variable APPDATA is taken as it stands, as local 8-bit text. When it is not set, the path
+     * begins with "/".
+     */
+    static QString appdataPath();
+
+    /**
+     * @brief The user's documents: "<documents>/TARVENIK/<product>/".
+     *
+     * On Windows the shell names the documents folder (SHGetFolderPathA, at most 259 characters of the system's code
+     * page). The home directory serves when the shell names none, when the folder's name has letters that the code
+     * page lacks, and on other systems.
+     */
+    static QString userdataPath();
+
+    static QString binPath(bool createDirIfWanted); ///< "bin/" of the installation.
+    static QString
+    libPath(bool createDirIfWanted); ///< The same as binPath(): libraries lie beside the programs.
+    static QString etcPath(bool createDirIfWanted);         ///< "etc/" of the installation.
+    static QString txtPath(bool createDirIfWanted);         ///< "etc/txt/" of the installation.
+    static QString imagePath(bool createDirIfWanted);       ///< "etc/image/" of the installation.
+    static QString docPath(bool createDirIfWanted);         ///< "etc/doc/" of the installation.
+    static QString constConfigPath(bool createDirIfWanted); ///< "etc/conf/" of the installation.
+    static QString constDataPath(bool createDirIfWanted);   ///< "etc/data/" of the installation.
+    static QString configPath(bool createDirIfWanted);      ///< "conf/" of the user's application data.
+    static QString logPath(bool createDirIfWanted);         ///< "log/" of the user's application data.
+    static QString motorPath(bool createDirIfWanted);       ///< "motor/" of the user's documents.
+    static QString paramPath(bool createDirIfWanted);       ///< "param/" of the user's documents.
+    static QString dataPath(bool createDirIfWanted);        ///< "data/" of the user's documents.
+    static QString projectPath(bool createDirIfWanted);     ///< "project/" of the user's documents.
+
+    /**
+     * @brief Gives `path` unchanged; makes the directory, with its parents, when `create` is true and it is missing.
+     *
+     * A directory made here gets the permissions rwxrwxr-x, whatever the process's mask; its parents, and whatever
+     * was there before (a file in the way too), are left alone. A failure is silent.
+     */
+    static QString createDirIfWanted(const QString& path, bool create);
+
+    /// Whether the name contains a separator.
+    static bool doesFilenameContainPath(const QString& name);
+
+    /**
+     * @brief A bare file name made absolute, in the directory that contains `path`.
+     *
+     * "C:/a/b/" and "C:/a/b/x.txt" both stand for "C:/a/b". A name that is empty or contains a separator is given
+     * unchanged.
+     */
+    static QString prependPathIfNoPathIsGiven(const QString& fileName, const QString& path);
+
+    /// The bare file name when its directory is `path` (as QDir compares directories), else `fileName` unchanged.
+    static QString trimPathIfPathIsEqual(const QString& fileName, const QString& path);
+
+    /// The absolute directory that contains `name`, without a separator at the end; empty for an empty name.
+    static QString filePath(const QString& name);
+
+    /// Appends "/" unless the text ends in a separator; an empty text becomes "/".
+    static QString ensurePathSeparatorAtEnd(QString s);
+
+    /// Inserts "/" at the front unless the text begins with a separator; an empty text becomes "/".
+    static QString ensurePathSeparatorAtStart(const QString& s);
+
+    /// Removes one separator at the front.
+    static QString removePathSeparatorAtStart(const QString& s);
+
+    /// Removes one separator at the end: "a//" becomes "a/".
+    static QString removePathSeparatorAtEnd(const QString& s);
+
+    /// Joins two directories; the result ends in a separator.
+    static QString addPathToPath(const QString& path, const QString& subPath);
+
+    /// Joins a directory and a file name; nothing is appended.
+    static QString addFileNameToPath(const QString& path, const QString& fileName);
+
+    /**
+     * @brief A file name that file systems take, always absolute.
+     *
+     * White space of the name is simplified first, then the characters < > : ! ? | and " are removed. "*" and "\"
+     * stay. The directory part is not cleaned; a bare name is taken to lie in the current directory.
+     */
+    static QString cleanFileName(const QString& fileName);
+};
+
+#endif // TLXCORE_CPATH_H

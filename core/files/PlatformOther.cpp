@@ -1,0 +1,6 @@
+#include <core/files/Platform.h>
+
+QString NPlatform::documentsFolder()
+{
+    return QString();
+}

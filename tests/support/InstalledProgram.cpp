@@ -1,0 +1,55 @@
+#include <tests/support/InstalledProgram.h>
+
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QProcess>
+
+InstalledProgram::InstalledProgram(const QString& program)
+{
+    mRoot = QFileInfo(mDirectory.path()).canonicalFilePath() + QLatin1Char('/');
+    mProgram = install() + QLatin1String("bin/") + QFileInfo(program).fileName();
+    mIsValid = mDirectory.isValid() && QDir().mkpath(install() + QLatin1String("bin"))
+               && QDir().mkpath(home()) && QFile::copy(program, mProgram);
+}
+
+QMap<QString, QString> InstalledProgram::run(const QStringList& arguments, const QStringList& unset) const
+{
+    QProcess process;
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    variables.insert(QStringLiteral("HOME"), home());
+    variables.insert(QStringLiteral("USERPROFILE"), home());
+    variables.insert(QStringLiteral("APPDATA"), appdata());
+    for (const QString& name : unset) {
+        variables.remove(name);
+    }
+    process.setProcessEnvironment(variables);
+    process.setWorkingDirectory(home());
+    process.start(mProgram, arguments);
+    QMap<QString, QString> answers;
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit
+        || process.exitCode() != 0) {
+        return answers;
+    }
+    const QString output = QString::fromUtf8(process.readAllStandardOutput());
+    const QStringList lines = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString& line : lines) {
+        const int tabulator = line.indexOf(QLatin1Char('\t'));
+        answers.insert(line.left(tabulator), line.mid(tabulator + 1).remove(QLatin1Char('\r')));
+    }
+    return answers;
+}
+
+QStringList InstalledProgram::entries() const
+{
+    QStringList found;
+    QDirIterator walk(mRoot, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                      QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        const QString path = walk.next();
+        if (path != mProgram) {
+            found << path.mid(mRoot.size());
+        }
+    }
+    found.sort();
+    return found;
+}
