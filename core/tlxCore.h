@@ -9,6 +9,11 @@
 #include <core/files/CPath.h>
 #include <core/text/CMath.h>
 #include <core/tlxCoreExport.h>
+#include <core/types/CFixedString.h>
+#include <core/types/CString128.h>
+#include <core/types/CString32.h>
+#include <core/types/CString64.h>
+#include <core/types/CVariant.h>
 #include <core/types/NTypes.h>
 
 #endif // TLXCORE_H

@@ -6,6 +6,9 @@
 #include <QMetaType>
 #include <QtGlobal>
 
+class QDataStream;
+class QDebug;
+
 /**
  * @brief The catalogue of value types that device objects carry, and the plain records for dates and times.
  *
@@ -67,6 +70,70 @@ struct tsDateTime
     tsTime time; ///< Low four bytes of the packed form.
     tsDate date; ///< High four bytes of the packed form.
 };
+
+constexpr bool operator==(const tsDate& left, const tsDate& right)
+{
+    return left.day == right.day && left.month == right.month && left.year == right.year;
+}
+
+constexpr bool operator==(const tsTime& left, const tsTime& right)
+{
+    return left.hundredths == right.hundredths && left.second == right.second && left.minute == right.minute
+           && left.hour == right.hour;
+}
+
+constexpr bool operator==(const tsDateTime& left, const tsDateTime& right)
+{
+    return left.time == right.time && left.date == right.date;
+}
+
+constexpr bool operator!=(const tsDate& left, const tsDate& right)
+{
+    return !(left == right);
+}
+
+constexpr bool operator!=(const tsTime& left, const tsTime& right)
+{
+    return !(left == right);
+}
+
+constexpr bool operator!=(const tsDateTime& left, const tsDateTime& right)
+{
+    return !(left == right);
+}
+
+/// @name Hash over all fields
+/// @{
+TLXCORE_EXPORT uint qHash(const tsDate& value, uint seed = 0);
+TLXCORE_EXPORT uint qHash(const tsTime& value, uint seed = 0);
+TLXCORE_EXPORT uint qHash(const tsDateTime& value, uint seed = 0);
+/// @}
+
+/// @name Debug output: the record's name and its fields
+/// @{
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, const tsDate& value);
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, const tsTime& value);
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, const tsDateTime& value);
+/// @}
+
+/// @name Stream: the fields in declaration order, the year as signed 16 bits in the stream's byte order
+/// A date-time is 8 bytes: hundredths, second, minute, hour, day, month, year.
+/// @{
+TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const tsDate& value);
+TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, tsDate& value);
+TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const tsTime& value);
+TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, tsTime& value);
+TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const tsDateTime& value);
+TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, tsDateTime& value);
+/// @}
+
+/**
+ * @brief Registers CString32, CString64, CString128 and tsDateTime with QMetaType, and their stream operators.
+ *
+ * CVariant does it by itself before it needs them. Call it before plain QVariants that hold such values are read
+ * from or written to a QDataStream. It may be called often and from any thread.
+ */
+TLXCORE_EXPORT void registerMetaTypes();
 
 } // namespace NTypes
 

@@ -1,0 +1,164 @@
+#ifndef TLXCORE_CFIXEDSTRING_H
+#define TLXCORE_CFIXEDSTRING_H
+
+#include <core/tlxCoreExport.h>
+
+#include <QByteArray>
+#include <QDataStream>
+#include <QDebug>
+#include <QSharedData>
+#include <QSharedDataPointer>
+#include <QString>
+
+#include <algorithm>
+#include <cstring>
+
+/// @cond INTERNAL
+namespace NFixedString {
+
+/// The text of `units` UTF-16 units up to the first zero unit; byte-order marks are ordinary units.
+TLXCORE_EXPORT QString text(const unsigned short* data, int units);
+
+/// Whether two arrays are equal unit by unit; its time does not depend on where they differ.
+TLXCORE_EXPORT bool equal(const unsigned short* left, const unsigned short* right, int units);
+
+/// Writes and reads the units as signed 16-bit integers in the stream's byte order.
+TLXCORE_EXPORT void write(QDataStream& stream, const unsigned short* data, int units);
+TLXCORE_EXPORT void read(QDataStream& stream, unsigned short* data, int units);
+
+TLXCORE_EXPORT uint hash(const unsigned short* data, int units, uint seed);
+TLXCORE_EXPORT void show(QDebug& debug, const char* name, const unsigned short* data, int units);
+
+} // namespace NFixedString
+/// @endcond
+
+/**
+ * @brief What CString32, CString64 and CString128 have in common: a text of exactly N UTF-16 code units.
+ *
+ * The N units are implicitly shared. The text ends at the first zero unit; a text of N units has no terminator, a
+ * longer one is cut to N units. Units behind the terminator are part of the value: they count in operator==, in
+ * byteArray() and in the stream.
+ *
+ * Use the three classes; Derived is the class itself.
+ */
+template <typename Derived, int N>
+class CFixedString
+{
+public:
+    /// The units as a C array.
+    typedef unsigned short TArray[N];
+
+    /// An empty text, all units zero.
+    CFixedString()
+        : mBlock(new SBlock)
+    {}
+
+    /// Takes the first N units of the text; what is left of the N units is zero.
+    CFixedString(const QString& text)
+        : CFixedString()
+    {
+        assign(text);
+    }
+
+    /// Takes the first 2N bytes as units in the machine's byte order; what is left is zero. An odd number of bytes
+    /// sets half of a unit.
+    CFixedString(const QByteArray& bytes)
+        : CFixedString()
+    {
+        std::memcpy(mBlock->units, bytes.constData(), std::min(size(bytes), sizeof(TArray)));
+    }
+
+    /// Takes all N units.
+    CFixedString(const TArray& units)
+        : CFixedString()
+    {
+        assign(units);
+    }
+
+    CFixedString(const CFixedString&) = default;
+    virtual ~CFixedString() = default;
+
+    /// True when the text is not empty, that is, when the first unit is not zero.
+    bool isValid() const { return units()[0] != 0; }
+
+    /// The text up to the first zero unit, or all N units.
+    QString str() const { return NFixedString::text(units(), N); }
+
+    /// All N units as they lie in memory: 2N bytes, terminator and leftovers included.
+    QByteArray byteArray() const
+    {
+        return QByteArray(reinterpret_cast<const char*>(units()), sizeof(TArray));
+    }
+
+    /// Equal in all N units, those behind the terminator included.
+    bool operator==(const Derived& other) const { return NFixedString::equal(units(), other.units(), N); }
+
+    /// The negation of operator==.
+    bool operator!=(const Derived& other) const { return !(*this == other); }
+
+    /// Writes the N units in the stream's byte order: 2N bytes, no length, no terminator.
+    friend QDataStream& operator<<(QDataStream& stream, const Derived& value)
+    {
+        NFixedString::write(stream, value.units(), N);
+        return stream;
+    }
+
+    /// Reads N units; after a short read the units that are missing are zero and the stream's status says so.
+    friend QDataStream& operator>>(QDataStream& stream, Derived& value)
+    {
+        NFixedString::read(stream, value.mBlock->units, N);
+        return stream;
+    }
+
+    /// Hash of all N units.
+    friend uint qHash(const Derived& value, uint seed = 0)
+    {
+        return NFixedString::hash(value.units(), N, seed);
+    }
+
+    /// Shows the class and the text.
+    friend QDebug operator<<(QDebug debug, const Derived& value)
+    {
+        NFixedString::show(debug, Derived::className(), value.units(), N);
+        return debug;
+    }
+
+protected:
+    CFixedString& operator=(const CFixedString&) = default;
+
+    void assign(const QString& text)
+    {
+        const int length = std::min(text.size(), N);
+        unsigned short* const target = mBlock->units;
+        std::memcpy(target, text.constData(), static_cast<std::size_t>(length) * sizeof(QChar));
+        if (length < N) {
+            target[length] = 0;
+        }
+    }
+
+    void assign(const TArray& units) { std::memcpy(mBlock->units, units, sizeof(TArray)); }
+
+    /// Copies all N units to `dest`; false when `dest` is null.
+    bool copyTo(unsigned short* dest) const
+    {
+        if (!dest) {
+            return false;
+        }
+        std::memcpy(dest, units(), sizeof(TArray));
+        return true;
+    }
+
+private:
+    struct SBlock : QSharedData
+    {
+        TArray units = {};
+    };
+
+    static std::size_t size(const QByteArray& bytes) { return static_cast<std::size_t>(bytes.size()); }
+
+    const unsigned short* units() const { return mBlock.constData()->units; }
+
+    QSharedDataPointer<SBlock> mBlock;
+};
+
+#endif // TLXCORE_CFIXEDSTRING_H

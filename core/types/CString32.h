@@ -1,0 +1,49 @@
+#ifndef TLXCORE_CSTRING32_H
+#define TLXCORE_CSTRING32_H
+
+#include <core/types/CFixedString.h>
+
+#include <QMetaType>
+
+/**
+ * @brief A text of exactly 32 UTF-16 code units, the value of type "STRING32": names and texts as devices exchange them.
+ *
+ * Implicitly shared. A text of 32 units has no terminator, a longer one is cut; an empty text is not valid. Units
+ * behind the terminator are part of the value (see CFixedString).
+ *
+ * @code
+ * CString32 name(QStringLiteral("Axis 1"));
+ * name.str();                // "Axis 1"
+ * name.byteArray().size();   // 64
+ * @endcode
+ */
+class TLXCORE_EXPORT CString32 : public CFixedString<CString32, 32>
+{
+public:
+    using CFixedString::CFixedString;
+
+    /// Writes the text and its terminator over the units. Callers rely on it that the units behind the terminator
+    /// keep what they held.
+    CString32& operator=(const QString& text)
+    {
+        assign(text);
+        return *this;
+    }
+
+    /// Takes all 32 units.
+    CString32& operator=(const unsigned short (&units)[32])
+    {
+        assign(units);
+        return *this;
+    }
+
+    /// Copies all 32 units to `dest`; false, and nothing done, when `dest` is null.
+    bool string32(unsigned short* dest) const { return copyTo(dest); }
+
+    /// The class's name, as it is registered with QMetaType.
+    static const char* className() { return "CString32"; }
+};
+
+Q_DECLARE_METATYPE(CString32)
+
+#endif // TLXCORE_CSTRING32_H

@@ -1,0 +1,371 @@
+#ifndef TLXCORE_CVARIANT_H
+#define TLXCORE_CVARIANT_H
+
+#include <core/tlxCoreExport.h>
+#include <core/types/CString128.h>
+#include <core/types/CString32.h>
+#include <core/types/CString64.h>
+#include <core/types/NTypes.h>
+
+#include <QMetaType>
+#include <QString>
+#include <QVariant>
+
+class QBitArray;
+class QDataStream;
+class QDebug;
+
+/**
+ * @brief A value of one of the types of NTypes::ETypes: a device parameter, a field of a parameter file, a table cell.
+ *
+ * A QVariant holds the payload and a tag says which type it is, so that an unsigned 16-bit parameter stays one through
+ * copying, streaming and display. Payloads are the Qt numbers of the type's width ("U8": unsigned char), CStringN for
+ * "STRINGN", a QByteArray for "CHARSTRN" and "CHAR", QChar for "UTF16CHAR" and NTypes::tsDateTime for "DATETIME".
+ *
+ * A variant without type is "UNKNOWN": null and not valid. Payload and tag may disagree after reading a stream or
+ * setDefaultValue(); readers look at the tag first, and at the payload as what it is.
+ *
+ * Nothing here throws. A reader that fails gives 0 or an empty text and sets its flag to false; no number is checked
+ * for its range, it is cut to the width of what is asked for.
+ *
+ * @code
+ * CVariant speed(NTypes::TYPE_U16);          // the default, 0
+ * speed.fromStr(QStringLiteral("0x1F"));     // 31, still "U16"
+ * const int number = speed.toI32();          // 31
+ * @endcode
+ */
+class TLXCORE_EXPORT CVariant
+{
+public:
+    /// @name Construction
+    /// The tag follows from the argument's type; nothing is converted or checked.
+    /// @{
+    CVariant()
+        : mType(NTypes::TYPE_UNKNOWN)
+    {}
+    CVariant(const CVariant&) = default;
+    CVariant(CVariant&& other) noexcept
+        : mValue(std::move(other.mValue))
+        , mType(other.mType)
+    {
+        other.mType = NTypes::TYPE_UNKNOWN;
+    }
+    CVariant(signed char value)
+        : mValue(QMetaType::SChar, &value)
+        , mType(NTypes::TYPE_I8)
+    {}
+    CVariant(unsigned char value)
+        : mValue(QMetaType::UChar, &value)
+        , mType(NTypes::TYPE_U8)
+    {}
+    CVariant(short value)
+        : mValue(QMetaType::Short, &value)
+        , mType(NTypes::TYPE_I16)
+    {}
+    CVariant(unsigned short value)
+        : mValue(QMetaType::UShort, &value)
+        , mType(NTypes::TYPE_U16)
+    {}
+    CVariant(int value)
+        : mValue(value)
+        , mType(NTypes::TYPE_I32)
+    {}
+    CVariant(unsigned int value)
+        : mValue(value)
+        , mType(NTypes::TYPE_U32)
+    {}
+    CVariant(float value)
+        : mValue(value)
+        , mType(NTypes::TYPE_F32)
+    {}
+    CVariant(long long value)
+        : mValue(value)
+        , mType(NTypes::TYPE_I64)
+    {}
+    CVariant(unsigned long long value)
+        : mValue(value)
+        , mType(NTypes::TYPE_U64)
+    {}
+    CVariant(double value)
+        : mValue(value)
+        , mType(NTypes::TYPE_F64)
+    {}
+    CVariant(QChar value)
+        : mValue(value)
+        , mType(NTypes::TYPE_UTF16CHAR)
+    {}
+    CVariant(char value);               ///< "CHAR": a byte array of this one byte.
+    CVariant(const char (&value)[64]);  ///< "CHARSTR64": all bytes, whatever follows the first zero included.
+    CVariant(const char (&value)[128]); ///< "CHARSTR128": all bytes.
+    CVariant(const char (&value)[256]); ///< "CHARSTR256": all bytes.
+    CVariant(const CString32& value);   ///< "STRING32".
+    CVariant(const CString64& value);   ///< "STRING64".
+    CVariant(const CString128& value);  ///< "STRING128".
+    CVariant(const unsigned short (&value)[32]);  ///< "STRING32": all units.
+    CVariant(const unsigned short (&value)[64]);  ///< "STRING64": all units.
+    CVariant(const unsigned short (&value)[128]); ///< "STRING128": all units.
+    CVariant(const NTypes::tsDateTime& value);    ///< "DATETIME".
+    CVariant(NTypes::ETypes type);                ///< The type's default value, see defaultValue().
+    CVariant(const QVariant& value);              ///< As operator=(const QVariant&).
+
+    /// Parses the text as the static fromStr() does. What gives no value ("F80") becomes the type's default; a type
+    /// above NTypes::TYPE_CHAR leaves the variant "UNKNOWN", without a warning.
+    CVariant(const QString& text, NTypes::ETypes type);
+
+    /// As the static fromBitArray().
+    CVariant(const QBitArray& bits, NTypes::ETypes type);
+
+    virtual ~CVariant() = default;
+    /// @}
+
+    /// @name Assignment
+    /// Each replaces payload and tag as the constructor of the same argument makes them; the value is never converted
+    /// to the type that the variant had before.
+    /// @{
+    CVariant& operator=(const CVariant&) = default;
+    CVariant& operator=(CVariant&& other) noexcept;
+    CVariant& operator=(signed char value) { return set(value, NTypes::TYPE_I8); }
+    CVariant& operator=(unsigned char value) { return set(value, NTypes::TYPE_U8); }
+    CVariant& operator=(short value) { return set(value, NTypes::TYPE_I16); }
+    CVariant& operator=(unsigned short value) { return set(value, NTypes::TYPE_U16); }
+    CVariant& operator=(int value) { return set(value, NTypes::TYPE_I32); }
+    CVariant& operator=(unsigned int value) { return set(value, NTypes::TYPE_U32); }
+    CVariant& operator=(float value) { return set(value, NTypes::TYPE_F32); }
+    CVariant& operator=(long long value) { return set(value, NTypes::TYPE_I64); }
+    CVariant& operator=(unsigned long long value) { return set(value, NTypes::TYPE_U64); }
+    CVariant& operator=(double value) { return set(value, NTypes::TYPE_F64); }
+    CVariant& operator=(QChar value) { return set(value, NTypes::TYPE_UTF16CHAR); }
+    CVariant& operator=(char value);
+    CVariant& operator=(const char (&value)[64]);
+    CVariant& operator=(const char (&value)[128]);
+    CVariant& operator=(const char (&value)[256]);
+    CVariant& operator=(const CString32& value);
+    CVariant& operator=(const CString64& value);
+    CVariant& operator=(const CString128& value);
+    CVariant& operator=(const unsigned short (&value)[32]);
+    CVariant& operator=(const unsigned short (&value)[64]);
+    CVariant& operator=(const unsigned short (&value)[128]);
+    CVariant& operator=(const NTypes::tsDateTime& value);
+    CVariant& operator=(NTypes::ETypes type);
+
+    /**
+     * @brief Takes over a QVariant: its Qt type decides the tag.
+     *
+     * Numbers, QChar, char and CStringN keep their type. A QString or QByteArray becomes "STRING32" below 64 bytes
+     * (of UTF-8 for a QString), "STRING128" above 127 and "STRING64" between, and is cut to what fits; the bytes of a
+     * QByteArray are taken as UTF-16 units. Anything else, a date-time included, gives "UNKNOWN" with a warning.
+     */
+    CVariant& operator=(const QVariant& value);
+
+    /// Rebuilds the variant in its own type, an "UNKNOWN" one as "U64"; see the static fromBitArray().
+    CVariant& operator=(const QBitArray& bits);
+    /// @}
+
+    /// @name Queries
+    /// @{
+
+    /// The tag.
+    NTypes::ETypes type() const { return mType; }
+
+    /// True when the payload is a null QVariant or the tag is "UNKNOWN".
+    bool isNull() const { return mType == NTypes::TYPE_UNKNOWN || mValue.isNull(); }
+
+    /// True when there is a payload and the tag is not "UNKNOWN".
+    bool isValid() const { return mType != NTypes::TYPE_UNKNOWN && mValue.isValid(); }
+
+    /**
+     * @brief Whether the value can be read as the type.
+     *
+     * Numbers: Qt's own rule for the payload, so that an unsigned char does not convert to unsigned short or float;
+     * a "DATETIME" converts to every number. UTF-16 texts and "UTF16CHAR": from any text or character. 8-bit texts:
+     * from numbers, 8-bit texts and "DATETIME". "DATETIME": from the 64-bit integers and "DATETIME". Nothing converts
+     * to "UNKNOWN", "F80" or a number above NTypes::TYPE_CHAR.
+     */
+    bool canConvertTo(NTypes::ETypes type) const;
+
+    /// The default payload of the type: 0 (an int for the 8- and 16-bit types), zero bytes of the full length, an
+    /// empty text or record; invalid for "UNKNOWN", "F80" and above NTypes::TYPE_CHAR.
+    QVariant defaultValue(NTypes::ETypes type) const;
+
+    /// Sets the tag and the default payload. A type without default changes the tag only and keeps the payload, which
+    /// stays readable through operator QVariant().
+    CVariant& setDefaultValue(NTypes::ETypes type);
+    /// @}
+
+    /// @name Numbers
+    /// The number, cut to the width asked for (a float is truncated toward zero first); 0 and false when the value is
+    /// no number or date, or when canConvertTo() says no. A "DATETIME" is its packed 64-bit number.
+    /// @{
+    signed char toI8(bool* ok = nullptr) const;
+    unsigned char toU8(bool* ok = nullptr) const;
+    short toI16(bool* ok = nullptr) const;
+    unsigned short toU16(bool* ok = nullptr) const;
+    int toI32(bool* ok = nullptr) const;
+    unsigned int toU32(bool* ok = nullptr) const;
+    float toF32(bool* ok = nullptr) const;
+    long long toI64(bool* ok = nullptr) const;
+    unsigned long long toU64(bool* ok = nullptr) const;
+    double toF64(bool* ok = nullptr) const;
+    operator signed char() const { return toI8(); }
+    operator unsigned char() const { return toU8(); }
+    operator short() const { return toI16(); }
+    operator unsigned short() const { return toU16(); }
+    operator int() const { return toI32(); }
+    operator unsigned int() const { return toU32(); }
+    operator float() const { return toF32(); }
+    operator long long() const { return toI64(); }
+    operator unsigned long long() const { return toU64(); }
+    operator double() const { return toF64(); }
+    /// @}
+
+    /// @name UTF-16 texts
+    /// Any text or character, cut to the length asked for; an empty text and false from anything else. The array
+    /// forms copy all units of the result, zeros on failure.
+    /// @{
+    CString32 toString32(bool* ok = nullptr) const;
+    bool toString32(unsigned short (&dest)[32]) const;
+    CString64 toString64(bool* ok = nullptr) const;
+    bool toString64(unsigned short (&dest)[64]) const;
+    CString128 toString128(bool* ok = nullptr) const;
+    bool toString128(unsigned short (&dest)[128]) const;
+    operator CString32() const { return toString32(); }
+    operator CString64() const { return toString64(); }
+    operator CString128() const { return toString128(); }
+    /// @}
+
+    /// @name 8-bit texts
+    /// The bytes of an 8-bit text or character, zero-filled and always terminated (toChar(): the one byte). False,
+    /// and the destination untouched, from anything else, numbers and dates included.
+    /// @{
+    bool toCharStr64(char (&dest)[64]) const;
+    bool toCharStr128(char (&dest)[128]) const;
+    bool toCharStr256(char (&dest)[256]) const;
+    bool toChar(char& dest) const;
+    operator char() const; ///< 0 on failure.
+    /// @}
+
+    /// @name One UTF-16 unit
+    /// The first unit of any text or character, 0 of an empty one; 0 and false from anything else.
+    /// @{
+    bool toUtf16Char(unsigned short& dest) const;
+    bool toUtf16Char(QChar& dest) const;
+    operator QChar() const;
+    /// @}
+
+    /// @name Text forms
+    /// @{
+
+    /**
+     * @brief The neutral text: numbers in decimal ("F32" with 6, "F64" with 15 significant digits), texts up to their
+     * first zero (8-bit ones read as UTF-8).
+     *
+     * A "DATETIME" shows as yyyy-MM-ddTHH:mm:ss (ISO 8601, local time) when its payload is the packed 64-bit number;
+     * callers rely on it that a record, as the constructor makes it, shows as an empty text. So does an impossible
+     * date; an impossible time of a possible date shows as midnight. Unreadable payloads show as 0 or as an empty text.
+     */
+    QString toStr() const;
+
+    /// As toStr(), but "F32" and "F64" with decimal separator and digit groups of the default QLocale.
+    QString toLocaleStr() const;
+
+    operator QString() const { return toStr(); }
+
+    /// The lowercase hexadecimal digits of the value behind the prefix; no digits for floats and "UNKNOWN".
+    QString toHex(const QString& prefix) const;
+    /// @}
+
+    /// @name Parsing
+    /// @{
+
+    /**
+     * @brief Parses text as a type; malformed numbers and dates give a valid 0.
+     *
+     * Integers: 0x means hexadecimal, a leading 0 octal; a number that a 32-bit one (64-bit for "U64", "I64") cannot
+     * hold is malformed, then it is cut to the width. Floats: C locale. Texts are cut to the type's length; 8-bit ones
+     * are the text's Latin-1 bytes, not padded. "DATETIME": a decimal 32-bit number is the packed form, otherwise
+     * ISO 8601 (yyyy-MM-ddTHH:mm:ss.zzz). "F80" and what is above NTypes::TYPE_CHAR give "UNKNOWN" and a warning.
+     */
+    static CVariant fromStr(const QString& text, NTypes::ETypes type);
+
+    /// Parses text as the variant's own type; where that gives no value, the tag stays and the payload is the type's
+    /// default (none for "UNKNOWN", "F80" and above NTypes::TYPE_CHAR).
+    CVariant& fromStr(const QString& text);
+    /// @}
+
+    /// @name Bits
+    /// @{
+
+    /// The bits of an integer, the least significant first; an empty array and a warning for any other type.
+    QBitArray toBitArray() const;
+
+    /// An integer of the type from its bits: missing bits are 0, those beyond the width are ignored. Other types give
+    /// "UNKNOWN" and a warning.
+    static CVariant fromBitArray(const QBitArray& bits, NTypes::ETypes type);
+
+    /// The same as operator=(const QBitArray&).
+    CVariant& fromBitArray(const QBitArray& bits);
+    /// @}
+
+    /// A copy of the payload; the tag is lost.
+    operator QVariant() const { return mValue; }
+
+    /// @name Comparison
+    /// @{
+
+    /// Equal tags and equal values; floats are compared fuzzily (relative 1e-5 and 1e-12), texts by toStr(). Two
+    /// variants of one type without values ("UNKNOWN", "F80") are equal.
+    bool operator==(const CVariant& other) const;
+    bool operator!=(const CVariant& other) const { return !(*this == other); }
+
+    /// The left operand's type decides how both are read; what cannot be read is 0 or an empty text.
+    bool operator<(const CVariant& other) const;
+    bool operator>(const CVariant& other) const;
+    bool operator>=(const CVariant& other) const { return !(*this < other); }
+    bool operator<=(const CVariant& other) const { return !(*this > other); }
+    /// @}
+
+private:
+    friend TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CVariant& value);
+    friend TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CVariant& value);
+    friend TLXCORE_EXPORT uint qHash(const CVariant& value, uint seed);
+    friend TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CVariant& value);
+
+    // In place when the payload holds a value of the same Qt type that is not shared.
+    template <typename T>
+    CVariant& set(const T& value, NTypes::ETypes type)
+    {
+        mValue.setValue(value);
+        mType = type;
+        return *this;
+    }
+
+    // As set(), for a payload of one of the library's own types.
+    template <typename T>
+    CVariant& setUserType(const T& value, NTypes::ETypes type);
+
+    template <typename T>
+    T toNumber(NTypes::ETypes target, bool* ok) const;
+    template <typename T>
+    T toText(NTypes::ETypes target, bool* ok) const;
+    bool toBytes(NTypes::ETypes target, char* dest, int size, int terminator) const;
+
+    QVariant mValue;
+    NTypes::ETypes mType;
+};
+
+/// Writes the payload as Qt writes a QVariant, then the tag as a signed 32-bit integer.
+TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CVariant& value);
+
+/// Reads payload and tag, without a check that they agree. A payload that no variant has (a container, a foreign user
+/// type) sets ReadCorruptData and leaves the variant "UNKNOWN".
+TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CVariant& value);
+
+/// Consistent with operator==; floats, whose comparison is fuzzy, hash by their type alone.
+TLXCORE_EXPORT uint qHash(const CVariant& value, uint seed = 0);
+
+/// Shows the type's name and the value's text.
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CVariant& value);
+
+Q_DECLARE_METATYPE(CVariant)
+
+#endif // TLXCORE_CVARIANT_H

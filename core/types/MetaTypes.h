@@ -1,0 +1,28 @@
+#ifndef TLXCORE_METATYPES_H
+#define TLXCORE_METATYPES_H
+
+#include <core/types/NTypes.h>
+
+namespace NTypes {
+
+/// QMetaType numbers of the library's own payload types.
+struct SMetaTypes
+{
+    int string32;
+    int string64;
+    int string128;
+    int dateTime;
+};
+
+/**
+ * Registers the four types together with their stream operators on first use, whichever thread comes first. Whoever
+ * makes a payload of one of them, asks for its number or streams a variant goes through here.
+ */
+const SMetaTypes& metaTypes();
+
+/// The QMetaType number of the payload that a value of this type is kept in; 0 where no value exists.
+int payloadMetaType(ETypes type);
+
+} // namespace NTypes
+
+#endif // TLXCORE_METATYPES_H
