@@ -1,0 +1,118 @@
+#include <core/files/CFTPath.h>
+
+#include <core/StaticObjects.h>
+
+namespace {
+
+constexpr auto INVALID = NStatic::text("<invalid>");
+constexpr auto AUTOSTART = NStatic::text("autostart/");
+constexpr auto BIN = NStatic::text("bin/");
+constexpr auto CONFIGURATIONS = NStatic::text("configurations/");
+constexpr auto CONF = NStatic::text("conf/");
+constexpr auto PARAM = NStatic::text("param/");
+constexpr auto FIRMWARE = NStatic::text("firmware/");
+constexpr auto LOGIC = NStatic::text("logic/");
+constexpr auto SUBDEVICES = NStatic::text("subdevices/");
+
+constexpr QLatin1String operator""_text(const char* text, std::size_t size)
+{
+    return QLatin1String(text, static_cast<int>(size));
+}
+
+struct SEntryPoint
+{
+    CFTPath::EEntryPoint value;
+    QLatin1String name;
+    QLatin1String path;
+};
+
+// In ascending order of value, which is the order of every search.
+constexpr SEntryPoint ENTRY_POINTS[] = {
+    {CFTPath::EP_INVALID, "<invalid>"_text, "<invalid>"_text},
+    {CFTPath::EP_CONSTCONFIG, "CONSTCONFIG"_text, "/opt/TARVENIK/etc/conf/"_text},
+    {CFTPath::EP_TARVENIK, "TARVENIK"_text, "/TARVENIK/"_text},
+    {CFTPath::EP_OPT_TARVENIK, "OPT/TARVENIK"_text, "/opt/TARVENIK/"_text},
+    {CFTPath::EP_TMP, "TMP"_text, "/tmp/"_text},
+    {CFTPath::EP_ROOT, "ROOT"_text, "/"_text},
+    {CFTPath::EP_OPT, "OPT"_text, "/opt/"_text},
+    {CFTPath::EP_APPDATA, "APPDATA"_text, "/appdata/"_text},
+};
+
+const SEntryPoint& row(CFTPath::EEntryPoint entryPoint)
+{
+    for (const SEntryPoint& entry : ENTRY_POINTS) {
+        if (entry.value == entryPoint) {
+            return entry;
+        }
+    }
+    return ENTRY_POINTS[0];
+}
+
+bool matches(const SEntryPoint& entry, const QString& path)
+{
+    return path.startsWith(entry.name) || path.midRef(1).startsWith(entry.name)
+           || path.startsWith(entry.path);
+}
+
+} // namespace
+
+TLX_CONSTINIT const QString CFTPath::INVALID_STR(NStatic::data(INVALID));
+TLX_CONSTINIT const QString CFTPath::PATH_AUTOSTART(NStatic::data(AUTOSTART));
+TLX_CONSTINIT const QString CFTPath::PATH_BIN(NStatic::data(BIN));
+TLX_CONSTINIT const QString CFTPath::PATH_CONFIGURATIONS(NStatic::data(CONFIGURATIONS));
+TLX_CONSTINIT const QString CFTPath::PATH_CONF(NStatic::data(CONF));
+TLX_CONSTINIT const QString CFTPath::PATH_PARAM(NStatic::data(PARAM));
+TLX_CONSTINIT const QString CFTPath::PATH_FIRMWARE(NStatic::data(FIRMWARE));
+TLX_CONSTINIT const QString CFTPath::PATH_LOGIC(NStatic::data(LOGIC));
+TLX_CONSTINIT const QString CFTPath::PATH_SUBDEVICES(NStatic::data(SUBDEVICES));
+
+QMap<CFTPath::EEntryPoint, QString> CFTPath::entryStrMap()
+{
+    QMap<EEntryPoint, QString> map;
+    for (const SEntryPoint& entry : ENTRY_POINTS) {
+        map.insert(map.cend(), entry.value, entry.name);
+    }
+    return map;
+}
+
+QList<CFTPath::EEntryPoint> CFTPath::entryPoints()
+{
+    return entryStrMap().keys();
+}
+
+QString CFTPath::toString(EEntryPoint entryPoint)
+{
+    return row(entryPoint).name;
+}
+
+CFTPath::EEntryPoint CFTPath::toEntryPoint(const QString& name)
+{
+    for (const SEntryPoint& entry : ENTRY_POINTS) {
+        if (name == entry.name) {
+            return entry.value;
+        }
+    }
+    return EP_INVALID;
+}
+
+QString CFTPath::toPath(EEntryPoint entryPoint)
+{
+    return row(entryPoint).path;
+}
+
+// The order decides: "/" of EP_ROOT comes before EP_OPT and EP_APPDATA, and tools rely on what that gives.
+CFTPath::EEntryPoint CFTPath::fromPath(const QString& path)
+{
+    for (const SEntryPoint& entry : ENTRY_POINTS) {
+        if (matches(entry, path)) {
+            return entry.value;
+        }
+    }
+    return EP_INVALID;
+}
+
+QString CFTPath::toRelativePath(const QString& path, EEntryPoint entryPoint)
+{
+    const QLatin1String front = row(entryPoint).path;
+    return path.startsWith(front) ? path.mid(front.size()) : path;
+}
