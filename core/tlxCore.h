@@ -8,7 +8,9 @@
 
 #include <core/files/CFTPath.h>
 #include <core/files/CPath.h>
+#include <core/text/CDateTime.h>
 #include <core/text/CMath.h>
+#include <core/text/CTime.h>
 #include <core/tlxCoreExport.h>
 #include <core/types/CFixedString.h>
 #include <core/types/CString128.h>

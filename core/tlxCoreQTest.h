@@ -23,6 +23,9 @@
         return qstrdup(text.toUtf8().constData());                                                           \
     }
 
+TLXCORE_QTEST_TO_STRING(CDateTime)
+TLXCORE_QTEST_TO_STRING(CTime)
+
 #undef TLXCORE_QTEST_TO_STRING
 
 #endif // TLXCORE_QTEST_H

@@ -1,0 +1,142 @@
+#ifndef TLXCORE_CDATETIME_H
+#define TLXCORE_CDATETIME_H
+
+#include <core/tlxCoreExport.h>
+#include <core/types/NTypes.h>
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QMetaType>
+#include <QString>
+
+class QDataStream;
+class QDebug;
+
+/**
+ * @brief A date-time with its time specification, and the forms in which devices carry it.
+ *
+ * Wraps a QDateTime (Gregorian calendar, milliseconds, local time, UTC or an offset). Devices carry a calendar
+ * breakdown without a zone: the record NTypes::tsDateTime, or the same eight bytes as one packed number, least
+ * significant byte first: hundredths of a second, second, minute, hour, day, month, year (16 bits).
+ *
+ * A default object is null and not valid. An impossible date (month 13) or time (hour 25) makes the date-time not
+ * valid; QDateTime alone would take midnight for the latter.
+ *
+ * @code
+ * const CDateTime made(0x07E803050D07092DLL, Qt::UTC);
+ * made.toIsoDateTime(Qt::UTC);                         // "2024-03-05T13:07:09Z"
+ * made.toI64ByteArray(Qt::UTC).toHex(' ');             // "2d 09 07 0d 05 03 e8 07"
+ * @endcode
+ */
+class TLXCORE_EXPORT CDateTime
+{
+public:
+    /// A null date-time in local time.
+    CDateTime();
+
+    /// Wraps `dateTime` as it is.
+    CDateTime(const QDateTime& dateTime);
+
+    /// From the packed form, whose fields are wall-clock fields in `spec`.
+    CDateTime(const long long& packed, Qt::TimeSpec spec);
+
+    /// From a record, whose fields are wall-clock fields in `spec`.
+    CDateTime(const NTypes::tsDateTime& record, Qt::TimeSpec spec);
+
+    CDateTime(const CDateTime& other) = default;
+    CDateTime& operator=(const CDateTime& other) = default;
+    virtual ~CDateTime();
+
+    /// Takes `dateTime` with its time specification.
+    CDateTime& operator=(const QDateTime& dateTime);
+
+    /// Takes the fields of the packed form; the time specification stays.
+    CDateTime& operator=(const long long& packed);
+
+    /// Takes the fields of the record; the time specification stays.
+    CDateTime& operator=(const NTypes::tsDateTime& record);
+
+    /// Sets the date; time and specification stay. An impossible date makes the date-time not valid.
+    void setDate(const NTypes::tsDate& date);
+
+    /**
+     * @brief Sets the time of day; date and specification stay.
+     *
+     * An impossible time makes the date-time not valid, which takes its date away: a date set afterwards starts at
+     * midnight.
+     */
+    void setTime(const NTypes::tsTime& time);
+
+    /**
+     * @brief Converts into `spec`: the instant stays, the fields change. The same specification changes nothing.
+     *
+     * As with QDateTime, Qt::OffsetFromUTC gives UTC and Qt::TimeZone local time, and the fields of a date-time that
+     * is not valid stay.
+     */
+    void setTimeSpec(Qt::TimeSpec spec);
+
+    /// The time specification held.
+    Qt::TimeSpec timeSpec() const;
+
+    /// True when neither a date nor a time is held.
+    bool isNull() const;
+
+    /// True for an existing date and time of day in the specification held.
+    bool isValid() const;
+
+    /// The date-time converted into `spec`.
+    QDateTime toQDateTime(Qt::TimeSpec spec) const;
+
+    /// ISO 8601 text in `spec`, to the second: "2024-03-05T13:07:09Z" in UTC, no suffix in local time. Empty when
+    /// not valid.
+    QString toIsoDateTime(Qt::TimeSpec spec) const;
+
+    /**
+     * @brief The packed form of the fields in `spec`. Milliseconds below a hundredth are dropped, and so is of the
+     * year what exceeds 16 bits.
+     *
+     * Without a date its fields are 0; without a time hour, minute and second are 0xFF each, the hundredths 0.
+     */
+    unsigned long long toI64(Qt::TimeSpec spec) const;
+
+    /// The packed form as 8 bytes, little-endian: the hundredths first, the high byte of the year last.
+    QByteArray toI64ByteArray(Qt::TimeSpec spec) const;
+
+    /// From the first 8 bytes of `bytes`, little-endian; missing bytes count as zero.
+    static CDateTime fromI64ByteArray(const QByteArray& bytes, Qt::TimeSpec spec);
+
+    /// Comparisons of instants, whatever the specifications; those of QDateTime.
+    bool operator==(const CDateTime& other) const;
+    bool operator!=(const CDateTime& other) const;
+    bool operator<(const CDateTime& other) const;
+    bool operator>(const CDateTime& other) const;
+    bool operator<=(const CDateTime& other) const;
+    bool operator>=(const CDateTime& other) const;
+
+private:
+    friend TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime);
+    friend TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime);
+    friend TLXCORE_EXPORT uint qHash(const CDateTime& dateTime, uint seed) noexcept;
+    friend TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CDateTime& dateTime);
+
+    void setFields(const QDate& date, const QTime& time);
+
+    QDateTime mDateTime;
+};
+
+/// Writes the date-time in QDateTime's stream format of the stream's version.
+TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime);
+
+/// Reads QDateTime's stream format. A stream that ends early says so in its status and leaves what QDateTime leaves.
+TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime);
+
+/// Equal for equal instants.
+TLXCORE_EXPORT uint qHash(const CDateTime& dateTime, uint seed = 0) noexcept;
+
+/// Shows the type and the ISO 8601 text with milliseconds: CDateTime("2024-03-05T13:07:09.456Z").
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CDateTime& dateTime);
+
+Q_DECLARE_TYPEINFO(CDateTime, Q_MOVABLE_TYPE);
+Q_DECLARE_METATYPE(CDateTime)
+
+#endif // TLXCORE_CDATETIME_H
