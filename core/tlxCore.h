@@ -6,6 +6,7 @@
  * @brief Umbrella header: every public header of tlxCore, and nothing else.
  */
 
+#include <core/app/CCompanyStrings.h>
 #include <core/files/CFTPath.h>
 #include <core/files/CPath.h>
 #include <core/text/CDateTime.h>
