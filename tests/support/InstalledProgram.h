@@ -33,6 +33,7 @@ public:
 private:
     QTemporaryDir mDirectory;
     QString mRoot;
+    QString mOrigin;
     QString mProgram;
     bool mIsValid = false;
 };
