@@ -11,7 +11,9 @@
 #include <core/files/CPath.h>
 #include <core/text/CDateTime.h>
 #include <core/text/CMath.h>
+#include <core/text/CStr.h>
 #include <core/text/CTime.h>
+#include <core/text/CTlString.h>
 #include <core/tlxCoreExport.h>
 #include <core/types/CFixedString.h>
 #include <core/types/CString128.h>

@@ -1,0 +1,218 @@
+#ifndef TLXCORE_CTLSTRING_H
+#define TLXCORE_CTLSTRING_H
+
+#include <core/tlxCoreExport.h>
+
+#include <QHash>
+#include <QMetaType>
+#include <QString>
+
+class QDebug;
+
+/**
+ * @brief Shows and reads the numbers of device objects under a packed format descriptor, and normalises what a user
+ * types into an editor for such a number.
+ *
+ * There are four notations: decimal, decimal with a fixed point, hexadecimal and binary. Hexadecimal and binary
+ * digits are grouped by four with "." and a ":" separates the fraction. Static functions only, no state.
+ *
+ * A text that toStr() makes with enough width reads back as the same number, but for what the notations cannot do:
+ * the fixed-point notation reads a leading 0 as octal and cannot read its own negative fractions, and it and the
+ * binary notation go through a double, which holds 53 bits.
+ *
+ * @code
+ * const CTlString::SFormatValue money(2, 6, 0, CTlString::NOTATION_FIXED_POINT);
+ * CTlString::toStr(1234, money);                   // " 12.34"
+ * bool ok = false;
+ * CTlString::toI32(" 12.34", money, 1.0, &ok);     // 1234
+ * @endcode
+ */
+class TLXCORE_EXPORT CTlString
+{
+public:
+    CTlString() = delete;
+
+    /// How a number is written.
+    enum ENotation : quint8
+    {
+        NOTATION_DECIMAL = 0,     ///< As a double, with a point.
+        NOTATION_FIXED_POINT = 1, ///< As an integer, the point put in.
+        NOTATION_HEX = 2,         ///< Hexadecimal digits.
+        NOTATION_DUAL = 3         ///< Binary digits.
+    };
+
+    /**
+     * @brief The format descriptor: four bytes, in an unsigned int the first field lowest.
+     *
+     * It converts from and to unsigned int, so that either may be passed and compared.
+     */
+    struct SFormatValue
+    {
+        /// Decimal: the precision, negative for the general ("g") format. Else: the digits behind the point.
+        qint8 fractionDigits = 0;
+        /// Characters in all, the separator of the fraction not counted but in decimal; negative: aligned left.
+        qint8 width = 0;
+        /// Bits by which the raw number is shifted right before it is shown, left when negative; not in decimal.
+        qint8 preShift = 0;
+        /// An ENotation; any other number shows nothing and reads nothing.
+        quint8 notation = NOTATION_DECIMAL;
+
+        /// All zero: decimal without fraction, as wide as needed.
+        constexpr SFormatValue() = default;
+
+        /// From the four fields.
+        constexpr SFormatValue(qint8 fraction, qint8 characters, qint8 shift, quint8 writtenAs)
+            : fractionDigits(fraction)
+            , width(characters)
+            , preShift(shift)
+            , notation(writtenAs)
+        {}
+
+        /// From the packed form.
+        constexpr SFormatValue(unsigned int packed)
+            : fractionDigits(static_cast<qint8>(packed & 0xFFU))
+            , width(static_cast<qint8>((packed >> 8) & 0xFFU))
+            , preShift(static_cast<qint8>((packed >> 16) & 0xFFU))
+            , notation(static_cast<quint8>(packed >> 24))
+        {}
+
+        /// The packed form.
+        constexpr operator unsigned int() const
+        {
+            return static_cast<quint8>(fractionDigits)
+                   | static_cast<unsigned int>(static_cast<quint8>(width)) << 8
+                   | static_cast<unsigned int>(static_cast<quint8>(preShift)) << 16
+                   | static_cast<unsigned int>(notation) << 24;
+        }
+    };
+
+    /**
+     * @name Showing
+     * @{
+     */
+    /**
+     * @brief The text of a number.
+     *
+     * - Decimal: through a double, in format "f" or "g"; a width other than 0 is widened by 2. No shift.
+     * - Fixed point: the integer, or quotient "." remainder of 10^d, each with its own sign; the quotient has width
+     *   - d - 1 characters. 10^d is taken modulo 2^64, and a divisor of 0 gives 0.
+     * - Hexadecimal, binary: the bits, filled with "0" to the width and cut to it from the left, so that width 0
+     *   shows nothing; a negative width cuts nothing.
+     *
+     * Floating-point numbers in the last three are first truncated to a signed 64-bit number; what that cannot hold,
+     * and NaN, is shown as -2^63.
+     *
+     * @param value The number.
+     * @param format A SFormatValue or its packed form.
+     * @return An empty text for an unknown notation.
+     */
+    static QString toStr(const signed char& value, unsigned int format);
+    static QString toStr(const unsigned char& value, unsigned int format);
+    static QString toStr(const short& value, unsigned int format);
+    static QString toStr(const unsigned short& value, unsigned int format);
+    static QString toStr(const int& value, unsigned int format);
+    static QString toStr(const unsigned int& value, unsigned int format);
+    static QString toStr(const long long& value, unsigned int format);
+    static QString toStr(const unsigned long long& value, unsigned int format);
+    static QString toStr(const float& value, unsigned int format);
+    static QString toStr(const double& value, unsigned int format);
+    /** @} */
+
+    /**
+     * @name Reading integers
+     * @{
+     */
+    /**
+     * @brief The number in a text, times a factor.
+     *
+     * - Decimal: a double with a point.
+     * - Fixed point: the digits without their separators, as a signed 64-bit number; "0x" reads hexadecimal, a
+     *   leading 0 octal.
+     * - Hexadecimal: normalised as by validateHexStr(), to 16 digits when the descriptor has neither width nor
+     *   fraction; a factor other than 1 multiplies the unsigned bits.
+     * - Binary: normalised likewise; always multiplied as a double.
+     *
+     * Then the pre-shift is undone, and the result is cut to the type: "ff" is -1 as an 8-bit signed number. Products
+     * are truncated toward zero; what a signed 64-bit number cannot hold gives the bits of -2^63.
+     *
+     * @param s The text.
+     * @param format A SFormatValue or its packed form.
+     * @param factor What the number is multiplied by.
+     * @param ok When not null, receives whether the text was a number.
+     * @return 0 when the text was no number.
+     */
+    static qint8 toI8(const QString& s, unsigned int format, double factor, bool* ok);
+    static quint8 toU8(const QString& s, unsigned int format, double factor, bool* ok);
+    static qint16 toI16(const QString& s, unsigned int format, double factor, bool* ok);
+    static quint16 toU16(const QString& s, unsigned int format, double factor, bool* ok);
+    static qint32 toI32(const QString& s, unsigned int format, double factor, bool* ok);
+    static quint32 toU32(const QString& s, unsigned int format, double factor, bool* ok);
+    static qint64 toI64(const QString& s, unsigned int format, double factor, bool* ok);
+    static quint64 toU64(const QString& s, unsigned int format, double factor, bool* ok);
+    /** @} */
+
+    /**
+     * @name Reading floating-point numbers
+     * @{
+     */
+    /**
+     * @brief The decimal number in a text, with a point, times a factor. The descriptor is not looked at.
+     *
+     * @param s The text.
+     * @param format Not used.
+     * @param factor What the number is multiplied by.
+     * @param ok When not null, receives whether the text was a number that the type can hold.
+     * @return 0 when it was not.
+     */
+    static float toF32(const QString& s, unsigned int format, double factor, bool* ok);
+    static double toF64(const QString& s, unsigned int format, double factor, bool* ok);
+    /** @} */
+
+    /// Puts a "." between every four characters, counted from the right; fewer than five stay as they are.
+    static QString insertPointSeparator(const QString& s);
+
+    /**
+     * @brief Normalises the integer part of an entry: width - fractionDigits digits in groups of four.
+     *
+     * Without "." the text is one group of eight, else each part is a group of four: groups are filled with "0" on
+     * the left and cut to their rightmost characters. When there are no integer digits the result is empty; when
+     * their number is negative nothing more is cut.
+     */
+    static QString validateUpperString(const QString& s, SFormatValue format);
+
+    /// Normalises the fraction part of an entry: fractionDigits digits, filled and cut as in validateUpperString().
+    static QString validateLowerString(const QString& s, SFormatValue format);
+
+    /**
+     * @brief Normalises a hexadecimal entry in place to what toStr() would print for it.
+     *
+     * A leading "-" stays, a "+" or "0x" goes, an empty text becomes "0". Groups behind a "." and the digits behind
+     * the ":" are filled on the left; digits beyond the width go, on the left, and none when the width is below 1.
+     * A text with any other character stays as it is, so that no conversion takes it.
+     *
+     * @param s The entry.
+     * @param format Its descriptor; under the binary notation the digits are binary ones.
+     * @return Whether the text was a number of that notation, of which no digit but zeros was cut and which fits 64
+     * bits. An empty text was none, and binary numbers have no sign.
+     */
+    static bool validateHexStr(QString& s, SFormatValue format);
+
+    /// Normalises a binary entry in place as validateHexStr() does a hexadecimal one.
+    static bool validateDualStr(QString& s, SFormatValue format);
+};
+
+static_assert(sizeof(CTlString::SFormatValue) == 4, "the descriptor travels as 32 bits");
+
+/// The hash of the packed form.
+inline uint qHash(CTlString::SFormatValue format, uint seed = 0) noexcept
+{
+    return ::qHash(static_cast<unsigned int>(format), seed);
+}
+
+/// Shows the four fields: SFormatValue(fraction 2, width 6, shift 0, notation 1).
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, CTlString::SFormatValue format);
+
+Q_DECLARE_TYPEINFO(CTlString::SFormatValue, Q_PRIMITIVE_TYPE);
+Q_DECLARE_METATYPE(CTlString::SFormatValue)
+
+#endif // TLXCORE_CTLSTRING_H
