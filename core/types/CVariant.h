@@ -347,7 +347,7 @@ private:
     T toNumber(NTypes::ETypes target, bool* ok) const;
     template <typename T>
     T toText(NTypes::ETypes target, bool* ok) const;
-    bool toBytes(NTypes::ETypes target, char* dest, int size, int terminator) const;
+    bool toBytes(char* dest, int size, int terminator) const;
 
     QVariant mValue;
     NTypes::ETypes mType;

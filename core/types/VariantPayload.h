@@ -45,6 +45,12 @@ inline qint64 packedDateTime(const QVariant& payload, bool* ok = nullptr)
     return as<qlonglong>(payload, ok);
 }
 
+/// The bits of an integer type's value, sign-extended to 64 bits where the type is signed; 0 for other types.
+quint64 integerBits(const QVariant& payload, NTypes::ETypes type);
+
+/// The payload of an integer type from its bits, cut to the type's width; invalid for other types.
+QVariant integerPayload(quint64 bits, NTypes::ETypes type);
+
 } // namespace NVariantPayload
 
 #endif // TLXCORE_VARIANTPAYLOAD_H
