@@ -1,0 +1,38 @@
+#include <core/files/CTarFileInfo.h>
+
+#include <QDebug>
+#include <QHash>
+
+void CTarFileInfo::clear()
+{
+    *this = CTarFileInfo();
+}
+
+bool operator==(const CTarFileInfo& left, const CTarFileInfo& right)
+{
+    return left.mType == right.mType && left.mName == right.mName && left.mLinkName == right.mLinkName
+           && left.mSize == right.mSize && left.mPos == right.mPos;
+}
+
+bool operator!=(const CTarFileInfo& left, const CTarFileInfo& right)
+{
+    return !(left == right);
+}
+
+uint qHash(const CTarFileInfo& info, uint seed)
+{
+    QtPrivate::QHashCombine combine;
+    for (const uint part : {::qHash(info.mType), ::qHash(info.mName), ::qHash(info.mLinkName),
+                            ::qHash(info.mSize), ::qHash(info.mPos)}) {
+        seed = combine(seed, part);
+    }
+    return seed;
+}
+
+QDebug operator<<(QDebug debug, const CTarFileInfo& info)
+{
+    const QDebugStateSaver saver(debug);
+    debug.nospace() << "CTarFileInfo(type " << info.mType << ", " << info.mName << " -> " << info.mLinkName
+                    << ", " << info.mSize << " bytes at " << info.mPos << ')';
+    return debug;
+}

@@ -1,0 +1,83 @@
+#include <core/files/TarHeader.h>
+
+#include <core/files/CTarFileInfo.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr char MAGIC_TEXT[] = {'u', 's', 't', 'a', 'r'};
+constexpr int OCTAL_DIGITS_MAX = 20; // 60 bits: what always fits
+
+bool isOctalDigit(char byte)
+{
+    return byte >= '0' && byte <= '7';
+}
+
+} // namespace
+
+bool TarHeader::isZero() const
+{
+    return std::all_of(mBlock, mBlock + BLOCK_SIZE, [](char byte) { return byte == 0; });
+}
+
+bool TarHeader::hasMagic() const
+{
+    static_assert(sizeof(MAGIC_TEXT) < MAGIC.width, "one byte follows the compared ones");
+    return std::memcmp(mBlock + MAGIC.offset, MAGIC_TEXT, sizeof(MAGIC_TEXT)) == 0;
+}
+
+qint32 TarHeader::type() const
+{
+    switch (mBlock[TYPEFLAG.offset]) {
+    case '0':
+    case '\0':
+        return CTarFileInfo::TYPE_FILE;
+    case '2':
+        return CTarFileInfo::TYPE_SYMLINK;
+    case '5':
+        return CTarFileInfo::TYPE_DIRECTORY;
+    default:
+        return CTarFileInfo::TYPE_INVALID;
+    }
+}
+
+QString TarHeader::name() const
+{
+    return text(NAME);
+}
+
+QString TarHeader::linkName() const
+{
+    return text(LINK_NAME);
+}
+
+qint64 TarHeader::size() const
+{
+    const char* begin = mBlock + SIZE.offset;
+    const int length = textLength(SIZE);
+    if (length > 0 && length <= OCTAL_DIGITS_MAX && std::all_of(begin, begin + length, isOctalDigit)) {
+        qint64 value = 0;
+        for (int i = 0; i < length; ++i) {
+            value = value * 8 + (begin[i] - '0');
+        }
+        return value;
+    }
+    bool ok = false;
+    const qint64 value = QString::fromLatin1(begin, length).toLongLong(&ok, 8);
+    return ok ? value : -1;
+}
+
+// A text ends at its first zero byte, not with its field: callers know names of 100 characters with the mode behind.
+int TarHeader::textLength(const SField& field) const
+{
+    const char* begin = mBlock + field.offset;
+    const char* end = mBlock + BLOCK_SIZE;
+    return static_cast<int>(std::find(begin, end, '\0') - begin);
+}
+
+QString TarHeader::text(const SField& field) const
+{
+    return QString::fromLatin1(mBlock + field.offset, textLength(field));
+}
