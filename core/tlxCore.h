@@ -6,14 +6,19 @@
  * @brief Umbrella header: every public header of tlxCore, and nothing else.
  */
 
+#include <core/app/CBenchmarkTimer.h>
 #include <core/app/CCompanyStrings.h>
+#include <core/app/CHmac.h>
+#include <core/app/CPublicWait.h>
 #include <core/files/CFTPath.h>
 #include <core/files/CPath.h>
 #include <core/files/CTar.h>
 #include <core/files/CTarFileInfo.h>
 #include <core/text/CDateTime.h>
 #include <core/text/CMath.h>
+#include <core/text/CStr.h>
 #include <core/text/CTime.h>
+#include <core/text/CTlString.h>
 #include <core/tlxCoreExport.h>
 #include <core/types/CFixedString.h>
 #include <core/types/CString128.h>

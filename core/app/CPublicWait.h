@@ -1,0 +1,28 @@
+#ifndef TLXCORE_CPUBLICWAIT_H
+#define TLXCORE_CPUBLICWAIT_H
+
+#include <core/tlxCoreExport.h>
+
+#include <QThread>
+
+/**
+ * @brief Makes the sleep functions of the thread class callable from anywhere. They block the calling thread, for the
+ * given time at least.
+ * @code
+ * CPublicWait::msleep(20);
+ * @endcode
+ */
+class TLXCORE_EXPORT CPublicWait : public QThread
+{
+public:
+    /// Sleeps for @p s seconds.
+    static void sleep(unsigned long s);
+
+    /// Sleeps for @p ms milliseconds.
+    static void msleep(unsigned long ms);
+
+    /// Sleeps for @p us microseconds.
+    static void usleep(unsigned long us);
+};
+
+#endif // TLXCORE_CPUBLICWAIT_H
