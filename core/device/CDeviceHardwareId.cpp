@@ -1,0 +1,353 @@
+#include <core/device/CDeviceHardwareId.h>
+
+#include <core/device/TextScanner.h>
+#include <core/device/TextTemplate.h>
+
+#include <QDataStream>
+#include <QDebug>
+#include <QHash>
+
+namespace {
+
+constexpr int DIGITS = 3;
+constexpr unsigned short NOT_SET = 0xFFFF;
+constexpr unsigned short FIRST_UNUSABLE = 1000;
+
+QRegExp expression(const char* pattern)
+{
+    return QRegExp(QString::fromLatin1(pattern).arg(DIGITS));
+}
+
+/// What the expression of the form with this many numbers matches exactly.
+bool isOfForm(const QString& text, int numbers)
+{
+    TextScanner scanner(text);
+    scanner.take(NUnitClass::isNonDigit, 1);
+    for (int i = 0; i < numbers; ++i) {
+        if ((i > 0 && !scanner.takeUnit('_')) || scanner.take(NUnitClass::isDigit, DIGITS) != DIGITS) {
+            return false;
+        }
+    }
+    return scanner.atEnd()
+           || (scanner.takeUnit('_') && scanner.take(NUnitClass::isWord) > 0 && scanner.atEnd());
+}
+
+bool isNumber(QStringView text)
+{
+    TextScanner scanner(text);
+    return scanner.take(NUnitClass::isDigit, DIGITS) > 0 && scanner.atEnd();
+}
+
+/// The single way of a textual number into a value.
+bool setNumber(unsigned short& field, QStringView text)
+{
+    if (!isNumber(text)) {
+        return false;
+    }
+    int number = 0;
+    for (const QChar digit : text) {
+        number = number * 10 + digit.digitValue();
+    }
+    field = static_cast<unsigned short>(number);
+    return true;
+}
+
+/// The part up to the next "_" or the end.
+QStringView firstPart(QStringView text)
+{
+    const qsizetype end = text.indexOf(QLatin1Char('_'));
+    return end < 0 ? text : text.left(end);
+}
+
+QString numberText(unsigned short number)
+{
+    return number == NOT_SET ? QString() : QStringLiteral("%1").arg(number, DIGITS, 10, QLatin1Char('0'));
+}
+
+bool isPrefix(const QString& text)
+{
+    return text.isEmpty() || (text.size() == 1 && NUnitClass::isNonDigit(text.at(0)));
+}
+
+} // namespace
+
+CDeviceHardwareId::CDeviceHardwareId(const QString& text)
+{
+    setHardwareId(text);
+}
+
+CDeviceHardwareId::~CDeviceHardwareId() = default;
+
+CDeviceHardwareId& CDeviceHardwareId::operator=(const QString& text)
+{
+    setHardwareId(text);
+    return *this;
+}
+
+CDeviceHardwareId::operator QString() const
+{
+    return hardwareId();
+}
+
+QRegExp CDeviceHardwareId::minimumRegExp()
+{
+    return expression("^((\\D?\\d{%1}){1})(_{1}\\w+)?$");
+}
+
+QRegExp CDeviceHardwareId::shortRegExp()
+{
+    return expression("^((\\D?\\d{%1}_\\d{%1}){1})(_{1}\\w+)?$");
+}
+
+QRegExp CDeviceHardwareId::fullRegExp()
+{
+    return expression("^((\\D?\\d{%1}_\\d{%1}_\\d{%1}){1})(_{1}\\w+)?$");
+}
+
+bool CDeviceHardwareId::isMinimumHardwareId(const QString& text)
+{
+    return isOfForm(text, 1);
+}
+
+bool CDeviceHardwareId::isShortHardwareId(const QString& text)
+{
+    return isOfForm(text, 2);
+}
+
+bool CDeviceHardwareId::isFullHardwareId(const QString& text)
+{
+    return isOfForm(text, 3);
+}
+
+void CDeviceHardwareId::setPrefix(const QString& prefix)
+{
+    mPrefix = prefix;
+}
+
+QString CDeviceHardwareId::prefix() const
+{
+    return mPrefix;
+}
+
+void CDeviceHardwareId::setPlatform(unsigned short platform)
+{
+    mPlatform = platform;
+}
+
+void CDeviceHardwareId::setVersion(unsigned short version)
+{
+    mVersion = version;
+}
+
+void CDeviceHardwareId::setRevision(unsigned short revision)
+{
+    mRevision = revision;
+}
+
+bool CDeviceHardwareId::setPlatform(const QString& text)
+{
+    return setNumber(mPlatform, text);
+}
+
+bool CDeviceHardwareId::setVersion(const QString& text)
+{
+    return setNumber(mVersion, text);
+}
+
+bool CDeviceHardwareId::setRevision(const QString& text)
+{
+    return setNumber(mRevision, text);
+}
+
+unsigned short CDeviceHardwareId::platform() const
+{
+    return mPlatform;
+}
+
+unsigned short CDeviceHardwareId::version() const
+{
+    return mVersion;
+}
+
+unsigned short CDeviceHardwareId::revision() const
+{
+    return mRevision;
+}
+
+QString CDeviceHardwareId::platformStr() const
+{
+    return numberText(mPlatform);
+}
+
+QString CDeviceHardwareId::versionStr() const
+{
+    return numberText(mVersion);
+}
+
+QString CDeviceHardwareId::revisionStr() const
+{
+    return numberText(mRevision);
+}
+
+void CDeviceHardwareId::setName(const QString& name)
+{
+    mName = name;
+}
+
+QString CDeviceHardwareId::name() const
+{
+    return mName;
+}
+
+bool CDeviceHardwareId::checkIVR(const QString& text) const
+{
+    return isNumber(text);
+}
+
+bool CDeviceHardwareId::isMinimumHardwareId() const
+{
+    return isPrefix(mPrefix) && mPlatform < FIRST_UNUSABLE;
+}
+
+bool CDeviceHardwareId::isShortHardwareId() const
+{
+    return isMinimumHardwareId() && mVersion < FIRST_UNUSABLE;
+}
+
+bool CDeviceHardwareId::isFullHardwareId() const
+{
+    return isShortHardwareId() && mRevision < FIRST_UNUSABLE;
+}
+
+QString CDeviceHardwareId::minimumHardwareId() const
+{
+    return isMinimumHardwareId() ? form(1) : QString();
+}
+
+QString CDeviceHardwareId::shortHardwareId() const
+{
+    return isShortHardwareId() ? form(2) : QString();
+}
+
+QString CDeviceHardwareId::fullHardwareId() const
+{
+    return isFullHardwareId() ? form(3) : QString();
+}
+
+QString CDeviceHardwareId::hardwareId() const
+{
+    if (isFullHardwareId()) {
+        return fullHardwareId();
+    }
+    if (isShortHardwareId()) {
+        return shortHardwareId();
+    }
+    return isMinimumHardwareId() ? minimumHardwareId() : mName;
+}
+
+bool CDeviceHardwareId::isValid() const
+{
+    // The forms contain each other: what satisfies a richer one satisfies the minimum.
+    return isMinimumHardwareId();
+}
+
+bool CDeviceHardwareId::isEmpty() const
+{
+    return *this == CDeviceHardwareId();
+}
+
+bool CDeviceHardwareId::isNull() const
+{
+    return isEmpty();
+}
+
+void CDeviceHardwareId::clear()
+{
+    *this = CDeviceHardwareId();
+}
+
+bool CDeviceHardwareId::setHardwareId(const QString& text)
+{
+    const QString source = text; // keeps the characters when `text` belongs to this very object
+    clear();
+    if (source.isEmpty()) {
+        return true;
+    }
+    QStringView rest(source);
+    if (rest.front() != QLatin1Char('_') && NUnitClass::isNonDigit(rest.front())) {
+        mPrefix = rest.front();
+        rest = rest.mid(1);
+    }
+    for (unsigned short* field : {&mPlatform, &mVersion, &mRevision}) {
+        const QStringView part = firstPart(rest);
+        if (!setNumber(*field, part)) {
+            if (field == &mPlatform) {
+                return false;
+            }
+            break;
+        }
+        if (part.size() == rest.size()) {
+            return true;
+        }
+        rest = rest.mid(part.size() + 1);
+    }
+    mName = rest.toString();
+    return true;
+}
+
+bool CDeviceHardwareId::operator==(const CDeviceHardwareId& other) const
+{
+    return mPrefix == other.mPrefix && mPlatform == other.mPlatform && mVersion == other.mVersion
+           && mRevision == other.mRevision && mName == other.mName;
+}
+
+bool CDeviceHardwareId::operator!=(const CDeviceHardwareId& other) const
+{
+    return !(*this == other);
+}
+
+QString CDeviceHardwareId::form(int numbers) const
+{
+    QStringList values = QStringList{mPrefix, platformStr(), versionStr(), revisionStr()}.mid(0, numbers + 1);
+    if (!mName.isEmpty()) {
+        values << mName;
+    }
+    // One placeholder a value, and "_" before every one but the first two.
+    return filledTemplate(QStringLiteral("%1%2_%3_%4_%5").left(3 * values.size() - 2), values);
+}
+
+uint qHash(const CDeviceHardwareId& id, uint seed) noexcept
+{
+    const quint64 numbers =
+        quint64(id.platform()) | quint64(id.version()) << 16 | quint64(id.revision()) << 32;
+    return qHash(id.name(), qHash(numbers, qHash(id.prefix(), seed)));
+}
+
+QDataStream& operator<<(QDataStream& stream, const CDeviceHardwareId& id)
+{
+    return stream << id.prefix() << static_cast<qint16>(id.platform()) << static_cast<qint16>(id.version())
+                  << static_cast<qint16>(id.revision()) << id.name();
+}
+
+QDataStream& operator>>(QDataStream& stream, CDeviceHardwareId& id)
+{
+    QString prefix;
+    quint16 platform = 0;
+    quint16 version = 0;
+    quint16 revision = 0;
+    QString name;
+    stream >> prefix >> platform >> version >> revision >> name;
+    id.setPrefix(prefix);
+    id.setPlatform(platform);
+    id.setVersion(version);
+    id.setRevision(revision);
+    id.setName(name);
+    return stream;
+}
+
+QDebug operator<<(QDebug debug, const CDeviceHardwareId& id)
+{
+    const QDebugStateSaver saver(debug);
+    debug.nospace() << "CDeviceHardwareId(" << id.hardwareId() << ')';
+    return debug;
+}

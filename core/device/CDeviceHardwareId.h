@@ -1,0 +1,162 @@
+#ifndef TLXCORE_CDEVICEHARDWAREID_H
+#define TLXCORE_CDEVICEHARDWAREID_H
+
+#include <core/tlxCoreExport.h>
+
+#include <QMetaType>
+#include <QRegExp>
+#include <QString>
+
+class QDataStream;
+class QDebug;
+
+/**
+ * @brief Names a piece of drive hardware: an optional prefix of one character, up to three numbers of three digits
+ * (platform, version, revision) and an optional free name.
+ *
+ * Numbers are 0 to 999; 65535 means "not set". A value has up to three forms, of which the richest is printed:
+ *
+ * | form | made of | example |
+ * |---|---|---|
+ * | minimum | prefix, platform | A012 |
+ * | short | prefix, platform, version | A012_003 |
+ * | full | prefix, platform, version, revision | A012_003_001 |
+ *
+ * "_" and the name follow when there is a name. The parser is more lenient than the static validators: it takes one to
+ * three digits a number. A digit is a decimal digit of any script (in the basic plane), with the value of that digit.
+ * One character is one UTF-16 unit. Validation and parsing take linear time, and distinct objects may be used on
+ * distinct threads at full speed.
+ *
+ * @code
+ * const CDeviceHardwareId id(QStringLiteral("A12_3_Board"));
+ * id.hardwareId();    // "A012_003_Board"
+ * id.revision();      // 65535: not set
+ * @endcode
+ */
+class TLXCORE_EXPORT CDeviceHardwareId
+{
+public:
+    /// Nothing set: isEmpty().
+    CDeviceHardwareId() = default;
+
+    /// Parses as setHardwareId() does; what was not understood shows in isValid().
+    CDeviceHardwareId(const QString& text);
+
+    CDeviceHardwareId(const CDeviceHardwareId&) = default;
+    CDeviceHardwareId(CDeviceHardwareId&&) = default;
+    virtual ~CDeviceHardwareId();
+
+    CDeviceHardwareId& operator=(const CDeviceHardwareId&) = default;
+    CDeviceHardwareId& operator=(CDeviceHardwareId&&) = default;
+
+    /// Parses as setHardwareId() does.
+    CDeviceHardwareId& operator=(const QString& text);
+
+    /// The same as hardwareId().
+    operator QString() const;
+
+    /// A fresh expression of the minimum form, for validators of input fields.
+    static QRegExp minimumRegExp();
+    /// A fresh expression of the short form.
+    static QRegExp shortRegExp();
+    /// A fresh expression of the full form.
+    static QRegExp fullRegExp();
+
+    /// Whether the whole text is of the minimum form, with exactly three digits a number. Allocates nothing.
+    static bool isMinimumHardwareId(const QString& text);
+    /// Whether the whole text is of the short form.
+    static bool isShortHardwareId(const QString& text);
+    /// Whether the whole text is of the full form.
+    static bool isFullHardwareId(const QString& text);
+
+    /// Stored unchecked; a prefix of more than one character, or a digit, makes every form invalid.
+    void setPrefix(const QString& prefix);
+    QString prefix() const;
+
+    /// Stored unchecked, 0 to 65535; from 1000 on the forms that need the number are invalid.
+    void setPlatform(unsigned short platform);
+    void setVersion(unsigned short version);
+    void setRevision(unsigned short revision);
+
+    /// One to three decimal digits; false for any other text, which leaves the number as it was.
+    bool setPlatform(const QString& text);
+    bool setVersion(const QString& text);
+    bool setRevision(const QString& text);
+
+    /// The number, 65535 when it is not set.
+    unsigned short platform() const;
+    unsigned short version() const;
+    unsigned short revision() const;
+
+    /// The number in decimal, padded with "0" to three digits; empty when it is not set.
+    QString platformStr() const;
+    QString versionStr() const;
+    QString revisionStr() const;
+
+    /// Stored unchecked.
+    void setName(const QString& name);
+    QString name() const;
+
+    /// Whether the whole text is one to three decimal digits: what every textual number must be.
+    bool checkIVR(const QString& text) const;
+
+    /// Whether the prefix is empty or one non-digit, and the platform is below 1000.
+    bool isMinimumHardwareId() const;
+    /// Whether the version is below 1000, besides isMinimumHardwareId().
+    bool isShortHardwareId() const;
+    /// Whether the revision is below 1000, besides isShortHardwareId().
+    bool isFullHardwareId() const;
+
+    /// The text of the form; empty when the value does not satisfy it.
+    QString minimumHardwareId() const;
+    QString shortHardwareId() const;
+    QString fullHardwareId() const;
+
+    /// The text of the richest form that is satisfied, else the name alone.
+    QString hardwareId() const;
+
+    /// Whether one of the forms is satisfied.
+    bool isValid() const;
+    /// Whether nothing is set.
+    bool isEmpty() const;
+    /// The same as isEmpty().
+    bool isNull() const;
+
+    /// Nothing is set any more.
+    void clear();
+
+    /**
+     * @brief Parses an identifier: an optional non-digit, up to three numbers of one to three digits with "_" between,
+     * and the rest behind a "_" as the name.
+     *
+     * @return True when the first number was understood, or for an empty text, which clears. False otherwise; then the
+     * numbers are not set and the name is empty, but a prefix that was found stays.
+     */
+    bool setHardwareId(const QString& text);
+
+    bool operator==(const CDeviceHardwareId& other) const;
+    bool operator!=(const CDeviceHardwareId& other) const;
+
+private:
+    QString form(int numbers) const;
+
+    QString mPrefix;
+    unsigned short mPlatform = 0xFFFF;
+    unsigned short mVersion = 0xFFFF;
+    unsigned short mRevision = 0xFFFF;
+    QString mName;
+};
+
+Q_DECLARE_METATYPE(CDeviceHardwareId)
+
+/// Agrees with operator==.
+TLXCORE_EXPORT uint qHash(const CDeviceHardwareId& id, uint seed = 0) noexcept;
+
+/// Prefix as QString, the three numbers as signed 16-bit integers (not set is -1), name as QString.
+TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceHardwareId& id);
+/// Reads what operator<< wrote. After a short stream the fields hold what Qt's readers leave: check the status.
+TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceHardwareId& id);
+
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CDeviceHardwareId& id);
+
+#endif // TLXCORE_CDEVICEHARDWAREID_H

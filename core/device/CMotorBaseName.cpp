@@ -1,0 +1,247 @@
+#include <core/device/CMotorBaseName.h>
+
+#include <core/device/TextScanner.h>
+#include <core/device/TextTemplate.h>
+
+#include <QDataStream>
+#include <QDebug>
+#include <QFileInfo>
+#include <QHash>
+
+namespace {
+
+/// "[0-9a-zA-Z\-&\+]".
+bool isPartUnit(QChar unit)
+{
+    const ushort lower = unit.unicode() | 0x20;
+    return NUnitClass::isAsciiDigit(unit) || (lower >= 'a' && lower <= 'z') || unit == QLatin1Char('-')
+           || unit == QLatin1Char('&') || unit == QLatin1Char('+');
+}
+
+/// The same class, not sensitive to case: dotless i, long s and the Kelvin sign are cases of i, s and k.
+bool isPartUnitOfAnyCase(QChar unit)
+{
+    return isPartUnit(unit) || unit == QChar(0x0131) || unit == QChar(0x017F) || unit == QChar(0x212A);
+}
+
+/// The end of a part for the setters: "(\t\r|$)". A trailing tab and carriage return belong to the part.
+bool isPartEnd(TextScanner& scanner)
+{
+    return scanner.atEnd() || (scanner.takeUnit('\t') && scanner.takeUnit('\r') && scanner.atEnd());
+}
+
+bool isPart(const QString& text)
+{
+    TextScanner scanner(text);
+    return scanner.take(isPartUnit) > 0 && isPartEnd(scanner);
+}
+
+/// Narrower than what the whole name admits, which is any count of digits: callers rely on both.
+bool isNumericPart(const QString& text)
+{
+    TextScanner scanner(text);
+    scanner.take(NUnitClass::isAsciiDigit, 1);
+    return isPartEnd(scanner);
+}
+
+/// What CMotorBaseName::fullRegExp() matches exactly.
+bool isFullName(const QString& text, bool numeric)
+{
+    TextScanner scanner(text);
+    for (int i = 0; i < 2; ++i) {
+        if (scanner.take(isPartUnitOfAnyCase) == 0 || !scanner.takeUnit('_')) {
+            return false;
+        }
+    }
+    return scanner.take(numeric ? NUnitClass::isAsciiDigit : isPartUnitOfAnyCase) > 0 && scanner.atEnd();
+}
+
+bool storeIf(bool accepted, QString& part, const QString& text)
+{
+    if (accepted) {
+        part = text;
+    }
+    return accepted;
+}
+
+} // namespace
+
+CMotorBaseName::CMotorBaseName(bool numeric)
+    : mNumericNumber(numeric)
+{}
+
+CMotorBaseName::CMotorBaseName(const QString& manufacturer, const QString& name, const QString& number,
+                               bool numeric)
+    : mManufacturer(manufacturer)
+    , mName(name)
+    , mNumber(number)
+    , mNumericNumber(numeric)
+{
+    if (mNumericNumber && !checkNumber(mNumber)) {
+        // The class's former name: log readers look for this text.
+        qWarning("CParameterFileMotorName() : Invalid number '%s'", mNumber.toLocal8Bit().constData());
+    }
+}
+
+CMotorBaseName::CMotorBaseName(const QString& fileName, bool numeric)
+    : mNumericNumber(numeric)
+{
+    setFileBaseName(fileName);
+}
+
+CMotorBaseName::~CMotorBaseName() = default;
+
+CMotorBaseName& CMotorBaseName::operator=(const CMotorBaseName& other)
+{
+    // mNumericNumber is left out: it says what this object accepts, and callers rely on its staying.
+    mManufacturer = other.mManufacturer;
+    mName = other.mName;
+    mNumber = other.mNumber;
+    return *this;
+}
+
+CMotorBaseName& CMotorBaseName::operator=(const QString& fileName)
+{
+    setFileBaseName(fileName);
+    return *this;
+}
+
+CMotorBaseName::operator QString() const
+{
+    return fileBaseName();
+}
+
+QString CMotorBaseName::defaultMotorBaseName()
+{
+    return QStringLiteral("UNKNOWN_UNKNOWN_1");
+}
+
+QRegExp CMotorBaseName::fullRegExp(bool numeric)
+{
+    const QString part = QStringLiteral("[0-9a-zA-Z\\-&\\+]+");
+    const QString pattern = numeric
+                                ? QStringLiteral("^(%1_){1}(%1_){1}(%2)+$").arg(part, QStringLiteral("[0-9]"))
+                                : QStringLiteral("^(%1_){1}(%1_){1}(%1)+$").arg(part);
+    return QRegExp(pattern, Qt::CaseInsensitive);
+}
+
+bool CMotorBaseName::isValid(const QString& fileName, bool numeric)
+{
+    // Cut at the first ".", while setFileBaseName() takes the name with its extension: callers rely on both.
+    return isFullName(QFileInfo(fileName).baseName(), numeric);
+}
+
+bool CMotorBaseName::checkNumber(const QString& number) const
+{
+    TextScanner scanner(number);
+    return scanner.take(NUnitClass::isAsciiDigit) > 0 && scanner.atEnd();
+}
+
+bool CMotorBaseName::setManufacturer(const QString& manufacturer)
+{
+    return storeIf(isPart(manufacturer), mManufacturer, manufacturer);
+}
+
+bool CMotorBaseName::setName(const QString& name)
+{
+    return storeIf(isPart(name), mName, name);
+}
+
+bool CMotorBaseName::setNumber(const QString& number)
+{
+    return storeIf(mNumericNumber ? isNumericPart(number) : isPart(number), mNumber, number);
+}
+
+QString CMotorBaseName::manufacturer() const
+{
+    return mManufacturer;
+}
+
+QString CMotorBaseName::name() const
+{
+    return mName;
+}
+
+QString CMotorBaseName::number() const
+{
+    return mNumber.isEmpty() ? QStringLiteral("0") : mNumber;
+}
+
+qint32 CMotorBaseName::numberAsI32() const
+{
+    bool ok = false;
+    const qint32 number = mNumber.toInt(&ok, 10);
+    return ok ? number : -1;
+}
+
+QString CMotorBaseName::fileBaseName() const
+{
+    return isEmpty() ? QString()
+                     : filledTemplate(QStringLiteral("%1_%2_%3"), {mManufacturer, mName, number()});
+}
+
+bool CMotorBaseName::isValid() const
+{
+    return isFullName(fileBaseName(), mNumericNumber);
+}
+
+bool CMotorBaseName::isEmpty() const
+{
+    return mManufacturer.isEmpty() && mName.isEmpty() && mNumber.isEmpty();
+}
+
+bool CMotorBaseName::isNull() const
+{
+    return isEmpty();
+}
+
+void CMotorBaseName::clear()
+{
+    mManufacturer.clear();
+    mName.clear();
+    mNumber.clear();
+}
+
+bool CMotorBaseName::setFileBaseName(const QString& fileName)
+{
+    const QFileInfo file(fileName);
+    clear();
+    if (!isFullName(file.fileName(), mNumericNumber)) {
+        return true;
+    }
+    // The name has matched: it is three parts without a ".".
+    const QStringList parts = file.completeBaseName().split(QLatin1Char('_'));
+    return setManufacturer(parts.value(0)) && setName(parts.value(1)) && setNumber(parts.value(2));
+}
+
+bool CMotorBaseName::operator==(const CMotorBaseName& other) const
+{
+    return mManufacturer == other.mManufacturer && mName == other.mName && mNumber == other.mNumber;
+}
+
+bool CMotorBaseName::operator!=(const CMotorBaseName& other) const
+{
+    return !(*this == other);
+}
+
+uint qHash(const CMotorBaseName& motor, uint seed) noexcept
+{
+    return qHash(motor.mNumber, qHash(motor.mName, qHash(motor.mManufacturer, seed)));
+}
+
+QDataStream& operator<<(QDataStream& stream, const CMotorBaseName& motor)
+{
+    return stream << motor.mManufacturer << motor.mName << motor.mNumber;
+}
+
+QDataStream& operator>>(QDataStream& stream, CMotorBaseName& motor)
+{
+    return stream >> motor.mManufacturer >> motor.mName >> motor.mNumber;
+}
+
+QDebug operator<<(QDebug debug, const CMotorBaseName& motor)
+{
+    const QDebugStateSaver saver(debug);
+    debug.nospace() << "CMotorBaseName(" << motor.fileBaseName() << ')';
+    return debug;
+}
