@@ -1,5 +1,7 @@
 #include <core/text/CTlString.h>
 
+#include <core/text/NumberReading.h>
+
 #include <QStringList>
 
 #include <algorithm>
@@ -87,7 +89,7 @@ QString fitted(const QString& digits, int width, bool& fits)
 bool fits64Bits(const QString& digits, bool dual, bool negative)
 {
     bool ok = false;
-    const quint64 value = digits.toULongLong(&ok, dual ? 2 : 16);
+    const quint64 value = NNumberReading::readUnsigned(digits, dual ? 2 : 16, ok);
     return ok && (!negative || (!dual && value <= Q_UINT64_C(1) << 63));
 }
 
@@ -111,7 +113,10 @@ bool validateEntry(QString& s, SFormatValue format, bool dual)
     if (entry.negative) {
         s.prepend(QLatin1Char('-'));
     }
-    return !wasEmpty && fits && fits64Bits(integer + lower, dual, entry.negative);
+    const QString digits = integer + lower;
+    return !wasEmpty && fits
+           && fits64Bits(dual ? digits : NNumberReading::withoutSignFill(digits, fractionDigits), dual,
+                         entry.negative);
 }
 
 } // namespace

@@ -48,7 +48,7 @@ quint64 hexBits(QString text, SFormatValue format, double factor, bool& ok)
         return plain;
     }
     CTlString::validateHexStr(text, format);
-    text = withoutSeparators(text);
+    text = NNumberReading::withoutSignFill(withoutSeparators(text), format.fractionDigits);
     const quint64 bits = text.startsWith(QLatin1Char('-'))
                              ? static_cast<quint64>(NNumberReading::readSigned(text, 16, ok))
                              : NNumberReading::readUnsigned(text, 16, ok);

@@ -75,6 +75,21 @@ inline float readFloat(const QString& text, bool& ok)
     return ok ? value : 0.0F;
 }
 
+/// Hexadecimal digits without what toStr() shows of a negative number beyond 64 bits: its integer part has 16 digits,
+/// of which up to `fractionDigits` at the front are "f" for the sign.
+inline QString withoutSignFill(const QString& digits, int fractionDigits)
+{
+    int first = 0;
+    while (first < digits.size() && digits.at(first) == QLatin1Char('0')) {
+        ++first;
+    }
+    const int excess = digits.size() - first - 16;
+    const QString fill(excess > 0 ? excess : 0, QLatin1Char('f'));
+    const bool isFill = excess > 0 && excess <= fractionDigits && digits.midRef(first, excess) == fill
+                        && digits.at(first + excess) >= QLatin1Char('8');
+    return isFill ? digits.mid(first + excess) : digits;
+}
+
 } // namespace NNumberReading
 
 #endif // TLXCORE_NUMBERREADING_H
