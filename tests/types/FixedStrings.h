@@ -65,7 +65,7 @@ inline QString letters(int length)
 {
     QString text;
     for (int i = 0; i < length; ++i) {
-        text += QChar('A' + i);
+        text += QChar(ushort('A' + i));
     }
     return text;
 }
