@@ -21,6 +21,8 @@
 #include <core/text/CStr.h>
 #include <core/text/CTime.h>
 #include <core/text/CTlString.h>
+#include <core/text/CUnitParser.h>
+#include <core/text/NUnits.h>
 #include <core/tlxCoreExport.h>
 #include <core/types/CFixedString.h>
 #include <core/types/CString128.h>
