@@ -5,12 +5,21 @@
 #include <core/types/NTypes.h>
 
 #include <QChar>
+#include <QDate>
+#include <QLocale>
 #include <QString>
 
+class QByteArray;
+class QDataStream;
+
 /**
- * @brief Range-checked numbers from text, fixed-point texts, and the names of the value types.
+ * @brief Range-checked numbers from text, fixed-point texts, the names of the value types, and the fixed phrasings in
+ * which the tools show versions, titles, devices, revisions, serial numbers and memory sizes.
  *
- * Static functions only, no state. Numbers are read without any locale, with a point, as QString reads them: blanks
+ * Static functions only, no state. Phrasings are filled placeholder by placeholder: a text that itself contains "%1"
+ * takes the place of a placeholder for the texts that follow it.
+ *
+ * Numbers are read without any locale, with a point, as QString reads them: blanks
  * around the number are allowed, and base 0 obeys the prefixes "0x" (hexadecimal) and "0" (octal). A number that the
  * type cannot hold and a base that does not exist (bases are 0 and 2 to 36) are failures like any other.
  *
@@ -19,6 +28,7 @@
  * CStr::strToU8(QStringLiteral("256"), level, 10);        // false, level stays 1
  * CStr::strToU32(0U, QStringLiteral("0xff"), 0);          // 255
  * CStr::strToI16(short(-1), QStringLiteral("0x10"));      // -1: this form reads base 10 only
+ * CStr::revisionToString(0x00010005U);                    // "1.005"
  * @endcode
  */
 class TLXCORE_EXPORT CStr
@@ -130,6 +140,150 @@ public:
      * @param precision The decimals; below 0 they are 6, and no more than 1100 are shown (a double has fewer).
      */
     static QString doubleToString(double value, int precision);
+
+    /// "[ V%1 ]" with the version, and " - %1" with the extra text when that is not empty.
+    static QString getVersionString(const QString& version, const QString& extra);
+
+    /// "[ V%1 - %2 ]" with the version and createDate(), and " - %1" with the extra text when that is not empty.
+    static QString getVersionString(const QString& version, const QString& date, const QLocale& locale,
+                                    const QString& extra);
+
+    /// A compiler's build date in the locale's short format; empty when it is none.
+    static QString createDate(const QLocale& locale, const QString& compilerDate);
+
+    /**
+     * @brief The date of a compiler's __DATE__.
+     *
+     * @param compilerDate English month abbreviation, day, year, any number of blanks between: "Nov  5 2026".
+     * @return An invalid date when the text is none.
+     */
+    static QDate createQDateFrom__DATE__(const QString& compilerDate);
+
+    /**
+     * @brief The title of a tool: "%1 - %2 - %3" with its name, the company's long name and the long version string.
+     *
+     * @param locale For the date.
+     * @param date The build date as the compiler gives it.
+     * @param name The tool's name.
+     * @param version The tool's version.
+     * @param extra Behind the version when not empty.
+     */
+    static QString createApplicationTitle(const QLocale& locale, const QString& date, const QString& name,
+                                          const QString& version, const QString& extra);
+
+    /**
+     * @brief The short title of a tool: "%1 %2 - V%3" with the company's short name, the tool's name and version, then
+     * " - [ Build " with the build number, " - " and the build date in ISO 8601 form, and " ]".
+     *
+     * @param locale Not used: the date is the same everywhere.
+     * @param name The tool's name.
+     * @param version The tool's version.
+     * @param compilerDate The build date as the compiler gives it; its place stays empty when it is no date.
+     * @param build The build number.
+     */
+    static QString createShortApplicationTitle(const QLocale& locale, const QString& name,
+                                               const QString& version, const QString& compilerDate,
+                                               unsigned int build);
+
+    /// A device to choose: "%1 [s/n: %2]" with its name and serial number.
+    static QString createDeviceSelectionValue(const QString& name, unsigned int serial);
+
+    /// A sub-device to choose: "%1 - %2" with its name and createDeviceSelectionValue().
+    static QString createSubDeviceSelectionValue(const QString& subName, const QString& deviceName,
+                                                 unsigned int serial);
+
+    /**
+     * @brief A text of at most so many characters: what is longer is cut and ends in " ...".
+     *
+     * @param text The text.
+     * @param maxLength Its longest length; below 4 the result is " ..." all the same.
+     * @param wasCut Receives whether the text was cut.
+     * @param atBlank Cut at the last blank that is left of the limit, when there is one.
+     */
+    static QString cutString(const QString& text, unsigned int maxLength, bool& wasCut, bool atBlank);
+
+    /// The upper 16 bits, ".", the lower 16 bits with at least three digits: 0x00010005 is "1.005".
+    static QString revisionToString(unsigned int revision);
+
+    /// The upper byte, ".", the lower byte with at least two digits: 0x0105 is "1.05".
+    static QString revisionToString(unsigned short revision);
+
+    /**
+     * @brief Reads what revisionToString() wrote; without a dot the lower half is 0.
+     *
+     * @param text One or two decimal numbers of at most 65535, without sign.
+     * @param revision Receives them; untouched on failure.
+     * @return Whether the text has this form.
+     */
+    static bool stringToRevision(QString text, unsigned int& revision);
+
+    /// The same with numbers of at most 255.
+    static bool stringToRevision(QString text, unsigned short& revision);
+
+    /**
+     * @brief Splits "major.minor" or "major" into decimal numbers.
+     *
+     * @param text The text.
+     * @param major Receives the first number, 0 when it is none; untouched when there are more than two parts.
+     * @param minor Receives the second number; 0 when there is none.
+     * @return Whether every part is a number.
+     */
+    static bool _splitStringAtDot(QString text, int& major, int& minor);
+
+    /// A serial number in groups counted from the left, one digit and then three each: "1 234 567 890", "1 234 5".
+    static QString serialToString(unsigned int serial);
+
+    /**
+     * @brief A count of bytes for people, such as "10.0 KiB".
+     *
+     * @param bytes The count; a unit is used from ten of it on. Below 10240, negative counts included, it is shown in
+     * "Byte"; "KiB" to "TiB" have one decimal and a point, "PiB" none.
+     */
+    static QString memSizeToString(long long bytes);
+
+    /**
+     * @brief The path of a log file in the log directory, which is created: CPath::logPath().
+     *
+     * @param baseName A file name, of which directories and the last suffix are left away; when empty, that of the
+     * running program.
+     * @param withThreadId Puts "_TID" and the calling thread's identifier in hexadecimal behind the name.
+     */
+    static QString createLogFileName(QString baseName, bool withThreadId);
+
+    /**
+     * @brief Whether a stream could be read, and what to tell the user when not.
+     *
+     * @param stream The stream that was read from.
+     * @param valueName What was read.
+     * @param message Receives the message, translated in the context "CStr"; untouched when all is well.
+     */
+    static bool inStreamStatus(const QDataStream& stream, const QString& valueName, QString& message);
+
+    /**
+     * @brief Where a menu text marks its accelerator: a single "&" before a letter, digit, mark or "_".
+     *
+     * @return The index of the first match of "(^|[^&])&(?!(&|\W|$))": that of the character before the ampersand,
+     * 0 when the text begins with it, -1 when there is none. "&&" marks nothing.
+     */
+    static int indexOfAmpersand(const QString& text);
+
+    /**
+     * @brief Copies a text's UTF-16 units into a buffer, as many as it holds, and a zero unit behind them when there
+     * is room.
+     *
+     * @param text The text.
+     * @param buffer The buffer; may be null.
+     * @param bufferBytes Its size in bytes.
+     * @return The units written, the zero not counted.
+     */
+    static int toUtf16(const QString& text, unsigned short* buffer, int bufferBytes);
+
+    /// The text of bytes that are UTF-16 units of the machine's byte order, up to the first zero unit; an odd last
+    /// byte is left away. Byte-order marks are ordinary units.
+    static QString fromUtf16(const QByteArray& bytes);
+
+    /// The text of a buffer of so many bytes, up to the first zero unit; empty for a null pointer or less than 2 bytes.
+    static QString fromUtf16(const unsigned short* buffer, int bytes);
 };
 
 #endif // TLXCORE_CSTR_H
