@@ -10,6 +10,7 @@
 #include <core/app/CCompanyStrings.h>
 #include <core/app/CHmac.h>
 #include <core/app/CPublicWait.h>
+#include <core/device/CCommandLineParser.h>
 #include <core/device/CDeviceHardwareId.h>
 #include <core/device/CMotorBaseName.h>
 #include <core/files/CFTPath.h>

@@ -1,0 +1,150 @@
+#include <core/device/CCommandLineParser.h>
+
+#include <QCoreApplication>
+
+namespace {
+
+const QLatin1String LANGUAGE("lang");
+
+bool isOption(const QString& argument)
+{
+    return argument.startsWith(QLatin1Char('-'));
+}
+
+} // namespace
+
+CCommandLineParser::CCommandLineParser()
+    : arguments(argumentsMap())
+{}
+
+CCommandLineParser::CCommandLineParser(QStringList* list)
+    : arguments(argumentsMap(list))
+{}
+
+CCommandLineParser::~CCommandLineParser() = default;
+
+QMap<QString, QString> CCommandLineParser::argumentsMap(QStringList* list)
+{
+    QMap<QString, QString> map;
+    if (!list) {
+        return map;
+    }
+    for (const QString& argument : qAsConst(*list)) {
+        const int equals = argument.indexOf(QLatin1Char('='));
+        if (equals > 0) {
+            map.insert(argument.left(equals), argument.mid(equals + 1));
+        }
+    }
+    return map;
+}
+
+QMap<QString, QString> CCommandLineParser::argumentsMap()
+{
+    QStringList list = QCoreApplication::arguments();
+    return argumentsMap(&list);
+}
+
+QMap<QString, QString> CCommandLineParser::argumentsMap(const QString& option)
+{
+    QMap<QString, QString> map;
+    if (option.isEmpty()) {
+        return map;
+    }
+    const QStringList list = QCoreApplication::arguments();
+    for (int i = 1; i < list.size();) {
+        const QString& key = list.at(i++);
+        if (!key.startsWith(option)) {
+            continue;
+        }
+        QString words;
+        for (; i < list.size() && !isOption(list.at(i)); ++i) {
+            words += list.at(i) + QLatin1Char(' ');
+        }
+        map.insert(key, words.trimmed());
+    }
+    return map;
+}
+
+int CCommandLineParser::count() const
+{
+    return arguments.size();
+}
+
+bool CCommandLineParser::contains(const QString& key) const
+{
+    return arguments.contains(key);
+}
+
+QString CCommandLineParser::value(const QString& key) const
+{
+    return arguments.value(key);
+}
+
+QString CCommandLineParser::abAddress() const
+{
+    return value(QStringLiteral("abadr"));
+}
+
+QString CCommandLineParser::ip() const
+{
+    return value(QStringLiteral("ip"));
+}
+
+QString CCommandLineParser::serverName() const
+{
+    return value(QStringLiteral("server"));
+}
+
+int CCommandLineParser::currentUnit() const
+{
+    return value(QStringLiteral("cu")).toInt();
+}
+
+int CCommandLineParser::userLevel() const
+{
+    return value(QStringLiteral("level")).toInt();
+}
+
+quint32 CCommandLineParser::comAddress() const
+{
+    return value(QStringLiteral("comadr")).toUInt();
+}
+
+quint32 CCommandLineParser::deviceFunction() const
+{
+    // The default text is that of the two addresses below, which an unsigned number rejects: absent, it is 0.
+    return arguments.value(QStringLiteral("df"), QStringLiteral("-1")).toUInt();
+}
+
+int CCommandLineParser::powerAddress() const
+{
+    return arguments.value(QStringLiteral("powadr"), QStringLiteral("-1")).toInt();
+}
+
+int CCommandLineParser::driveAddress() const
+{
+    return arguments.value(QStringLiteral("drvadr"), QStringLiteral("-1")).toInt();
+}
+
+quint32 CCommandLineParser::deviceClass() const
+{
+    return value(QStringLiteral("devtype")).toUInt();
+}
+
+int CCommandLineParser::port() const
+{
+    const QString text = value(QStringLiteral("port"));
+    return text.toInt(nullptr, text.startsWith(QLatin1String("0x")) ? 16 : 10);
+}
+
+QLocale CCommandLineParser::language() const
+{
+    // Not the default locale: QLocale(QString()) would give that of the system.
+    const QString text = value(LANGUAGE);
+    return text.isEmpty() ? QLocale::c() : QLocale(text);
+}
+
+void CCommandLineParser::setLanguage(const QLocale& locale)
+{
+    arguments.insert(LANGUAGE, locale.name().left(2));
+}
