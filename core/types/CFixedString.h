@@ -75,6 +75,7 @@ public:
         assign(units);
     }
 
+    /// Shares the units.
     CFixedString(const CFixedString&) = default;
     virtual ~CFixedString() = default;
 
@@ -124,8 +125,10 @@ public:
     }
 
 protected:
+    /// Shares the units.
     CFixedString& operator=(const CFixedString&) = default;
 
+    /// Writes the text and its terminator; what stands behind keeps.
     void assign(const QString& text)
     {
         const int length = std::min(text.size(), N);
@@ -136,6 +139,7 @@ protected:
         }
     }
 
+    /// Writes all units.
     void assign(const TArray& units) { std::memcpy(mBlock->units, units, sizeof(TArray)); }
 
     /// Copies all N units to `dest`; false when `dest` is null.

@@ -20,6 +20,7 @@
 class TLXCORE_EXPORT CString128 : public CFixedString<CString128, 128>
 {
 public:
+    /// From nothing, a QString, a QByteArray or an array of 128 units.
     using CFixedString::CFixedString;
 
     /// Writes the text and its terminator over the units. Callers rely on it that the units behind the terminator

@@ -20,6 +20,7 @@
 class TLXCORE_EXPORT CString64 : public CFixedString<CString64, 64>
 {
 public:
+    /// From nothing, a QString, a QByteArray or an array of 64 units.
     using CFixedString::CFixedString;
 
     /// Writes the text and its terminator over the units. Callers rely on it that the units behind the terminator

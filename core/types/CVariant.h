@@ -193,9 +193,10 @@ public:
     /// @}
 
     /// @name Numbers
+    /// @{
+
     /// The number, cut to the width asked for (a float is truncated toward zero first); 0 and false when the value is
     /// no number or date, or when canConvertTo() says no. A "DATETIME" is its packed 64-bit number.
-    /// @{
     signed char toI8(bool* ok = nullptr) const;
     unsigned char toU8(bool* ok = nullptr) const;
     short toI16(bool* ok = nullptr) const;
@@ -219,9 +220,10 @@ public:
     /// @}
 
     /// @name UTF-16 texts
+    /// @{
+
     /// Any text or character, cut to the length asked for; an empty text and false from anything else. The array
     /// forms copy all units of the result, zeros on failure.
-    /// @{
     CString32 toString32(bool* ok = nullptr) const;
     bool toString32(unsigned short (&dest)[32]) const;
     CString64 toString64(bool* ok = nullptr) const;
@@ -234,9 +236,10 @@ public:
     /// @}
 
     /// @name 8-bit texts
+    /// @{
+
     /// The bytes of an 8-bit text or character, zero-filled and always terminated (toChar(): the one byte). False,
     /// and the destination untouched, from anything else, numbers and dates included.
-    /// @{
     bool toCharStr64(char (&dest)[64]) const;
     bool toCharStr128(char (&dest)[128]) const;
     bool toCharStr256(char (&dest)[256]) const;
@@ -245,8 +248,9 @@ public:
     /// @}
 
     /// @name One UTF-16 unit
-    /// The first unit of any text or character, 0 of an empty one; 0 and false from anything else.
     /// @{
+
+    /// The first unit of any text or character, 0 of an empty one; 0 and false from anything else.
     bool toUtf16Char(unsigned short& dest) const;
     bool toUtf16Char(QChar& dest) const;
     operator QChar() const;

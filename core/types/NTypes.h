@@ -71,6 +71,10 @@ struct tsDateTime
     tsDate date; ///< High four bytes of the packed form.
 };
 
+/// @name Comparison
+/// @{
+
+/// Over all fields.
 constexpr bool operator==(const tsDate& left, const tsDate& right)
 {
     return left.day == right.day && left.month == right.month && left.year == right.year;
@@ -101,24 +105,31 @@ constexpr bool operator!=(const tsDateTime& left, const tsDateTime& right)
 {
     return !(left == right);
 }
+/// @}
 
-/// @name Hash over all fields
+/// @name Hash
 /// @{
+
+/// Over all fields.
 TLXCORE_EXPORT uint qHash(const tsDate& value, uint seed = 0);
 TLXCORE_EXPORT uint qHash(const tsTime& value, uint seed = 0);
 TLXCORE_EXPORT uint qHash(const tsDateTime& value, uint seed = 0);
 /// @}
 
-/// @name Debug output: the record's name and its fields
+/// @name Debug output
 /// @{
+
+/// The record's name and its fields.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const tsDate& value);
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const tsTime& value);
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const tsDateTime& value);
 /// @}
 
-/// @name Stream: the fields in declaration order, the year as signed 16 bits in the stream's byte order
-/// A date-time is 8 bytes: hundredths, second, minute, hour, day, month, year.
+/// @name Stream
 /// @{
+
+/// The fields in declaration order, the year as signed 16 bits in the stream's byte order. A date-time is 8 bytes:
+/// hundredths, second, minute, hour, day, month, year.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const tsDate& value);
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, tsDate& value);
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const tsTime& value);
