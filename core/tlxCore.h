@@ -10,9 +10,15 @@
 #include <core/app/CCompanyStrings.h>
 #include <core/app/CHmac.h>
 #include <core/app/CPublicWait.h>
+#include <core/app/SharedNames.h>
 #include <core/device/CCommandLineParser.h>
 #include <core/device/CDeviceHardwareId.h>
+#include <core/device/CDeviceItem.h>
+#include <core/device/CDeviceList.h>
+#include <core/device/CIPv6Address.h>
 #include <core/device/CMotorBaseName.h>
+#include <core/device/CSubDeviceItem.h>
+#include <core/device/DeviceStatus.h>
 #include <core/files/CFTPath.h>
 #include <core/files/CPath.h>
 #include <core/files/CTar.h>

@@ -1,0 +1,98 @@
+#include <core/device/CDeviceItem.h>
+
+#include <core/device/MapStream.h>
+
+#include <QDataStream>
+#include <QDebug>
+#include <QHash>
+
+CDeviceItem::CDeviceItem(const QString& deviceName, EHostAddrType type, const QHostAddress& address,
+                         unsigned short devicePort, const QString& text)
+    : name(deviceName)
+    , hostAddrType(type)
+    , hostAddress(address)
+    , port(devicePort)
+    , extraText(text)
+{}
+
+QString CDeviceItem::configurationName() const
+{
+    return mConfigurationName;
+}
+
+void CDeviceItem::setConfigurationName(const QString& configurationName)
+{
+    mConfigurationName = configurationName;
+}
+
+bool CDeviceItem::isValid() const
+{
+    return !hostAddress.isNull() && port != 0 && hostAddrType != HOST_ADDR_NONE && value2 != 0;
+}
+
+void CDeviceItem::addSubDevice(unsigned char key, const CSubDeviceItem& subDevice)
+{
+    subDevices.insert(key, subDevice)->number = key;
+}
+
+bool CDeviceItem::operator==(const CDeviceItem& other) const
+{
+    return number == other.number && name == other.name && hostAddrType == other.hostAddrType
+           && hostAddress == other.hostAddress && port == other.port && extraText == other.extraText
+           && extraText2 == other.extraText2 && mConfigurationName == other.mConfigurationName
+           && subDevices == other.subDevices && flag1 == other.flag1 && flag2 == other.flag2
+           && value1 == other.value1 && value2 == other.value2;
+}
+
+bool CDeviceItem::operator!=(const CDeviceItem& other) const
+{
+    return !(*this == other);
+}
+
+uint qHash(const CDeviceItem& item, uint seed) noexcept
+{
+    seed = qHash(item.number, seed);
+    seed = qHash(item.name, seed);
+    seed = qHash(item.port, seed);
+    seed = qHash(item.configurationName(), seed);
+    seed = qHash(item.value1, seed);
+    return qHash(item.value2, seed);
+}
+
+QDataStream& operator<<(QDataStream& stream, const CDeviceItem::EHostAddrType& type)
+{
+    return stream << static_cast<qint32>(type);
+}
+
+QDataStream& operator>>(QDataStream& stream, CDeviceItem::EHostAddrType& type)
+{
+    qint32 value = 0;
+    stream >> value;
+    type = static_cast<CDeviceItem::EHostAddrType>(value);
+    return stream;
+}
+
+QDataStream& operator<<(QDataStream& stream, const CDeviceItem& item)
+{
+    stream << item.number << item.name << item.hostAddrType << item.hostAddress << item.port << item.extraText
+           << item.extraText2 << item.mConfigurationName << item.flag1 << item.flag2 << item.value1
+           << item.value2;
+    writeMap(stream, item.subDevices);
+    return stream;
+}
+
+QDataStream& operator>>(QDataStream& stream, CDeviceItem& item)
+{
+    return stream >> item.number >> item.name >> item.hostAddrType >> item.hostAddress >> item.port
+           >> item.extraText >> item.extraText2 >> item.mConfigurationName >> item.flag1 >> item.flag2
+           >> item.value1 >> item.value2 >> item.subDevices;
+}
+
+QDebug operator<<(QDebug debug, const CDeviceItem& item)
+{
+    const QDebugStateSaver saver(debug);
+    debug.nospace() << "CDeviceItem(" << item.number << ", " << item.name << ", "
+                    << item.hostAddress.toString() << ", port " << item.port << ", " << item.subDevices.size()
+                    << " sub-devices)";
+    return debug;
+}

@@ -1,0 +1,112 @@
+#include <core/device/CDeviceList.h>
+
+#include <core/device/MapStream.h>
+
+#include <QDataStream>
+#include <QDebug>
+#include <QHash>
+
+#include <utility>
+
+CDeviceList::CDeviceList(const QString& listName, ESourceType type)
+    : name(listName)
+    , sourceType(type)
+{}
+
+int CDeviceList::size() const
+{
+    return devices.size();
+}
+
+int CDeviceList::count() const
+{
+    return size();
+}
+
+bool CDeviceList::contains(unsigned int number) const
+{
+    return devices.contains(number);
+}
+
+CDeviceItem CDeviceList::device(unsigned int number) const
+{
+    return devices.value(number);
+}
+
+void CDeviceList::addDevice(unsigned int number, const CDeviceItem& item)
+{
+    devices.insert(number, item)->number = number;
+}
+
+void CDeviceList::removeDevice(unsigned int number)
+{
+    devices.remove(number);
+}
+
+void CDeviceList::unite(const CDeviceList& other)
+{
+    const QMap<unsigned int, CDeviceItem> added = other.devices; // `other` may be this very list
+    QMultiMap<unsigned int, CDeviceItem> united(std::exchange(devices, {}));
+    auto entry = added.constEnd();
+    while (entry != added.constBegin()) {
+        --entry;
+        united.insert(entry.key(), entry.value());
+    }
+    devices = std::move(united);
+}
+
+void CDeviceList::clear()
+{
+    devices.clear();
+}
+
+bool CDeviceList::operator==(const CDeviceList& other) const
+{
+    return name == other.name && sourceType == other.sourceType && devices == other.devices;
+}
+
+bool CDeviceList::operator!=(const CDeviceList& other) const
+{
+    return !(*this == other);
+}
+
+uint qHash(const CDeviceList& list, uint seed) noexcept
+{
+    seed = qHash(list.name, qHash(static_cast<qint32>(list.sourceType), seed));
+    for (auto entry = list.devices.constBegin(); entry != list.devices.constEnd(); ++entry) {
+        seed = qHash(entry.value(), qHash(entry.key(), seed));
+    }
+    return seed;
+}
+
+QDataStream& operator<<(QDataStream& stream, const CDeviceList::ESourceType& type)
+{
+    return stream << static_cast<qint32>(type);
+}
+
+QDataStream& operator>>(QDataStream& stream, CDeviceList::ESourceType& type)
+{
+    qint32 value = 0;
+    stream >> value;
+    type = static_cast<CDeviceList::ESourceType>(value);
+    return stream;
+}
+
+QDataStream& operator<<(QDataStream& stream, const CDeviceList& list)
+{
+    stream << list.name << list.sourceType;
+    writeMap(stream, list.devices);
+    return stream;
+}
+
+QDataStream& operator>>(QDataStream& stream, CDeviceList& list)
+{
+    return stream >> list.name >> list.sourceType >> list.devices;
+}
+
+QDebug operator<<(QDebug debug, const CDeviceList& list)
+{
+    const QDebugStateSaver saver(debug);
+    debug.nospace() << "CDeviceList(" << list.name << ", " << list.size() << " devices)";
+    return debug;
+}

@@ -1,0 +1,243 @@
+#include <core/device/CIPv6Address.h>
+
+#include <core/device/TextScanner.h>
+
+#include <QDataStream>
+#include <QDebug>
+#include <QHash>
+
+#include <cstring>
+
+namespace {
+
+constexpr int GROUPS = 8;
+constexpr int GROUP_DIGITS = 4;
+
+/// The parts of an address text: as many as there are ":" and one more, the empty ones counted.
+class Parts
+{
+public:
+    /// Whether `text` is what "^([0-9a-fA-F]{1,4}|:|0)(:([0-9a-fA-F]{0,4})|){7}$" matches.
+    bool read(QStringView text)
+    {
+        TextScanner scanner(text);
+        if (scanner.takeUnit(':')) {
+            mCount = 2; // a lone ":" stands between two empty parts
+        } else if (!readPart(scanner)) {
+            return false;
+        }
+        for (int i = 1; i < GROUPS && scanner.takeUnit(':'); ++i) {
+            readPart(scanner);
+        }
+        return scanner.atEnd();
+    }
+
+    int count() const { return mCount; }
+
+    /// The group of a part, -1 where the part is empty.
+    int group(int index) const { return mGroups[static_cast<std::size_t>(index)]; }
+
+private:
+    bool readPart(TextScanner& scanner)
+    {
+        const QStringView digits = scanner.rest();
+        const int taken = scanner.take(NUnitClass::isHexDigit, GROUP_DIGITS);
+        int group = taken == 0 ? -1 : 0;
+        for (int i = 0; i < taken; ++i) {
+            group = group * 16 + hexValue(digits[i]);
+        }
+        mGroups[static_cast<std::size_t>(mCount)] = group;
+        ++mCount;
+        return taken > 0;
+    }
+
+    static int hexValue(QChar digit)
+    {
+        const int unit = digit.unicode();
+        return unit <= '9' ? unit - '0' : (unit | 0x20) - 'a' + 10;
+    }
+
+    int mCount = 0;
+    std::array<int, GROUPS + 1> mGroups{{-1, -1, -1, -1, -1, -1, -1, -1, -1}};
+};
+
+/// Writes a group without leading zeros; gives the place behind it.
+QChar* writeGroup(QChar* to, int group)
+{
+    int shift = 12;
+    while (shift > 0 && (group >> shift) == 0) {
+        shift -= 4;
+    }
+    for (; shift >= 0; shift -= 4) {
+        *to++ = QLatin1Char("0123456789abcdef"[(group >> shift) & 0xF]);
+    }
+    return to;
+}
+
+} // namespace
+
+CIPv6Address::CIPv6Address(const QByteArray& bytes)
+{
+    setAddress(bytes);
+}
+
+CIPv6Address::CIPv6Address(const unsigned char* bytes)
+{
+    setAddress(bytes);
+}
+
+CIPv6Address::CIPv6Address(const QVariant& variant)
+{
+    setAddress(variant);
+}
+
+CIPv6Address::CIPv6Address(const QString& text)
+{
+    setAddress(text);
+}
+
+CIPv6Address::~CIPv6Address() = default;
+
+CIPv6Address& CIPv6Address::operator=(const QByteArray& bytes)
+{
+    setAddress(bytes);
+    return *this;
+}
+
+CIPv6Address& CIPv6Address::operator=(const QVariant& variant)
+{
+    setAddress(variant);
+    return *this;
+}
+
+CIPv6Address& CIPv6Address::operator=(const QString& text)
+{
+    setAddress(text);
+    return *this;
+}
+
+void CIPv6Address::setAddress(const QByteArray& bytes)
+{
+    if (bytes.size() == static_cast<int>(mBytes.size())) {
+        std::memcpy(mBytes.data(), bytes.constData(), mBytes.size());
+    }
+}
+
+void CIPv6Address::setAddress(const unsigned char* bytes)
+{
+    if (bytes) {
+        std::memmove(mBytes.data(), bytes, mBytes.size());
+    }
+}
+
+void CIPv6Address::setAddress(const QVariant& variant)
+{
+    if (variant.userType() == QMetaType::QByteArray) {
+        setAddress(variant.toByteArray());
+    } else {
+        clear();
+    }
+}
+
+bool CIPv6Address::setAddress(const QString& text)
+{
+    Parts parts;
+    if (!parts.read(text)) {
+        clear();
+        qWarning().noquote().nospace()
+            << "CIPv6Address::setAddress() : " << text << " is not a IPv6-Address.";
+        return false;
+    }
+    // "::" is deliberately not expanded, and an empty part keeps its group: callers rely on both.
+    for (int i = 0; parts.count() == GROUPS && i < GROUPS; ++i) {
+        const int group = parts.group(i);
+        if (group >= 0) {
+            (*this)[2 * i] = static_cast<unsigned char>(group & 0xFF);
+            (*this)[2 * i + 1] = static_cast<unsigned char>(group >> 8);
+        }
+    }
+    return true;
+}
+
+CIPv6Address::operator QVariant() const
+{
+    return QVariant(byteArray());
+}
+
+CIPv6Address::operator QString() const
+{
+    return str();
+}
+
+QByteArray CIPv6Address::byteArray() const
+{
+    return QByteArray(reinterpret_cast<const char*>(mBytes.data()), static_cast<int>(mBytes.size()));
+}
+
+unsigned char& CIPv6Address::operator[](int index)
+{
+    return mBytes[static_cast<std::size_t>(index)];
+}
+
+const unsigned char& CIPv6Address::operator[](int index) const
+{
+    return mBytes[static_cast<std::size_t>(index)];
+}
+
+void CIPv6Address::clear()
+{
+    mBytes.fill(0);
+}
+
+QString CIPv6Address::str() const
+{
+    QChar text[GROUPS * (GROUP_DIGITS + 1)];
+    QChar* end = text;
+    for (int i = 0; i < GROUPS; ++i) {
+        if (i > 0) {
+            *end++ = QLatin1Char(':');
+        }
+        end = writeGroup(end, (*this)[2 * i] | (*this)[2 * i + 1] << 8);
+    }
+    return QString(text, static_cast<int>(end - text));
+}
+
+bool CIPv6Address::operator==(const CIPv6Address& other) const
+{
+    return mBytes == other.mBytes;
+}
+
+bool CIPv6Address::operator!=(const CIPv6Address& other) const
+{
+    return !(*this == other);
+}
+
+uint qHash(const CIPv6Address& address, uint seed) noexcept
+{
+    return qHashBits(&address[0], 16, seed);
+}
+
+QDataStream& operator<<(QDataStream& stream, const CIPv6Address& address)
+{
+    for (int i = 0; i < 16; ++i) {
+        stream << static_cast<qint8>(address[i]);
+    }
+    return stream;
+}
+
+QDataStream& operator>>(QDataStream& stream, CIPv6Address& address)
+{
+    for (int i = 0; i < 16; ++i) {
+        quint8 byte = 0;
+        stream >> byte;
+        address[i] = byte;
+    }
+    return stream;
+}
+
+QDebug operator<<(QDebug debug, const CIPv6Address& address)
+{
+    const QDebugStateSaver saver(debug);
+    debug.nospace() << "CIPv6Address(" << qUtf8Printable(address.str()) << ')';
+    return debug;
+}

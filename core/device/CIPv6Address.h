@@ -1,0 +1,112 @@
+#ifndef TLXCORE_CIPV6ADDRESS_H
+#define TLXCORE_CIPV6ADDRESS_H
+
+#include <core/tlxCoreExport.h>
+
+#include <QByteArray>
+#include <QMetaType>
+#include <QString>
+#include <QVariant>
+
+#include <array>
+
+class QDataStream;
+class QDebug;
+
+/**
+ * @brief An IPv6 address as the drives hold it: 16 bytes, eight groups of 16 bits in textual order, each group with its low
+ * byte first.
+ *
+ * That is not network byte order, and it is what byteArray(), the conversion to QVariant and the stream show.
+ *
+ * The textual form is eight groups of hexadecimal digits with ":" between (the long form of RFC 4291). "::" is not expanded:
+ * a text of fewer than eight parts is accepted and changes nothing, and an empty part of an eight-part text keeps its group.
+ * Clear the object first where a defined result is needed.
+ *
+ * @code
+ * CIPv6Address address(QStringLiteral("FE80:0000:0:0:0:0:0:0001"));
+ * address.str();    // "fe80:0:0:0:0:0:0:1"
+ * address[0];       // 0x80
+ * @endcode
+ */
+class TLXCORE_EXPORT CIPv6Address
+{
+public:
+    /// All bytes 0.
+    CIPv6Address() = default;
+
+    /// As the setAddress() of the same argument, from all bytes 0.
+    CIPv6Address(const QByteArray& bytes);
+    CIPv6Address(const unsigned char* bytes);
+    CIPv6Address(const QVariant& variant);
+    CIPv6Address(const QString& text);
+
+    CIPv6Address(const CIPv6Address&) = default;
+    CIPv6Address(CIPv6Address&&) = default;
+    virtual ~CIPv6Address();
+
+    CIPv6Address& operator=(const CIPv6Address&) = default;
+    CIPv6Address& operator=(CIPv6Address&&) = default;
+
+    /// As the setAddress() of the same argument.
+    CIPv6Address& operator=(const QByteArray& bytes);
+    CIPv6Address& operator=(const QVariant& variant);
+    CIPv6Address& operator=(const QString& text);
+
+    /// Copies exactly 16 bytes; an array of another size changes nothing.
+    void setAddress(const QByteArray& bytes);
+
+    /// Copies 16 bytes, which may be this object's own; a null pointer changes nothing.
+    void setAddress(const unsigned char* bytes);
+
+    /// Takes a variant's byte array as above; a variant of any other type, a text included, sets all bytes to 0.
+    void setAddress(const QVariant& variant);
+
+    /**
+     * @brief Parses a text: one to four hexadecimal digits or a lone ":", then up to seven times ":" and up to four digits.
+     *
+     * @return True for such a text, also when it has not eight parts and so changes nothing. False for any other: then all
+     * bytes are 0 and a warning is logged.
+     */
+    bool setAddress(const QString& text);
+
+    /// A byte array of the 16 bytes.
+    operator QVariant() const;
+
+    /// The same as str().
+    operator QString() const;
+
+    /// The 16 bytes in storage order.
+    QByteArray byteArray() const;
+
+    /// The byte at an index from 0 to 15, which is not checked.
+    unsigned char& operator[](int index);
+    const unsigned char& operator[](int index) const;
+
+    /// Sets all bytes to 0.
+    void clear();
+
+    /// Eight groups in lower-case hexadecimal without leading zeros; no group is left out.
+    QString str() const;
+
+    /// Compares the 16 bytes.
+    bool operator==(const CIPv6Address& other) const;
+    bool operator!=(const CIPv6Address& other) const;
+
+private:
+    std::array<unsigned char, 16> mBytes{};
+};
+
+Q_DECLARE_METATYPE(CIPv6Address)
+
+/// Agrees with operator==.
+TLXCORE_EXPORT uint qHash(const CIPv6Address& address, uint seed = 0) noexcept;
+
+/// The 16 bytes in storage order, nothing else.
+TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CIPv6Address& address);
+/// Reads 16 bytes; those that a short stream lacks are 0: check the status.
+TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CIPv6Address& address);
+
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CIPv6Address& address);
+
+#endif // TLXCORE_CIPV6ADDRESS_H
