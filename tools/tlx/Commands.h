@@ -5,5 +5,6 @@ class CReport;
 class QCommandLineParser;
 
 // What the rows of the command table point at: each command lives in a file of its own.
+int runValue(const QCommandLineParser& parser, CReport& report);
 
 #endif // TLX_COMMANDS_H
