@@ -1,5 +1,6 @@
 #include <core/text/CDateTime.h>
 
+#include <core/types/DateTimeStream.h>
 #include <core/types/PackedDateTime.h>
 
 #include <QDataStream>
@@ -189,7 +190,8 @@ QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime)
 
 QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime)
 {
-    return stream >> dateTime.mDateTime;
+    NDateTimeStream::read(stream, dateTime.mDateTime);
+    return stream;
 }
 
 uint qHash(const CDateTime& dateTime, uint seed) noexcept

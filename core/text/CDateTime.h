@@ -127,7 +127,8 @@ private:
 /// Writes the date-time in QDateTime's stream format of the stream's version.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime);
 
-/// Reads QDateTime's stream format. A stream that ends early says so in its status and leaves what QDateTime leaves.
+/// Reads QDateTime's stream format. A stream that ends early says so in its status and leaves what QDateTime leaves; a
+/// time specification or a name of a time zone that is none sets ReadCorruptData and leaves a null date-time.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime);
 
 /// Equal for equal instants.

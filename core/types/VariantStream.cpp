@@ -1,8 +1,10 @@
 #include <core/types/VariantStream.h>
 
+#include <core/types/DateTimeStream.h>
 #include <core/types/MetaTypes.h>
 
 #include <QDataStream>
+#include <QDateTime>
 
 #include <algorithm>
 #include <cstring>
@@ -146,18 +148,14 @@ bool readBytes(QDataStream& stream, QByteArray& bytes)
     return true;
 }
 
-// A value of the type that Qt makes, or one that is marked as null.
-QVariant emptyPayload(quint32 type, bool null)
-{
-    return null ? QVariant(static_cast<QVariant::Type>(type)) : QVariant(static_cast<int>(type), nullptr);
-}
-
 bool readValue(QDataStream& stream, QVariant& payload)
 {
-    // Nobody shares it yet; QVariant::data() may take the null mark away.
-    void* const value = const_cast<void*>(payload.constData());
+    void* const value = payload.data();
     if (payload.userType() == QMetaType::QByteArray) {
         return readBytes(stream, *static_cast<QByteArray*>(value));
+    }
+    if (payload.userType() == QMetaType::QDateTime) {
+        return NDateTimeStream::read(stream, *static_cast<QDateTime*>(value));
     }
     return QMetaType::load(stream, payload.userType(), value);
 }
@@ -187,7 +185,8 @@ bool readChecked(QDataStream& stream, QVariant& payload)
     if (type == REFUSED) {
         return false;
     }
-    payload = emptyPayload(type, (null & 1) != 0);
+    payload = QVariant(static_cast<int>(type), nullptr);
+    payload.data_ptr().is_null = (null & 1) != 0;
     return readValue(stream, payload);
 }
 
@@ -196,7 +195,10 @@ bool readChecked(QDataStream& stream, QVariant& payload)
 bool readPayload(QDataStream& stream, QVariant& payload)
 {
     NTypes::metaTypes();
-    if (readChecked(stream, payload)) {
+    const bool wasCorrupt = stream.status() == QDataStream::ReadCorruptData;
+    const bool read = readChecked(stream, payload);
+    // A value that Qt calls corrupt, such as half a UTF-16 unit, is refused, too.
+    if (read && (wasCorrupt || stream.status() != QDataStream::ReadCorruptData)) {
         return true;
     }
     payload = QVariant();

@@ -2,6 +2,7 @@
 #include <tests/support/Comparisons.h>
 #include <tests/support/StreamBytes.h>
 
+#include <QTimeZone>
 #include <QtTest>
 
 namespace {
@@ -33,6 +34,8 @@ private Q_SLOTS:
     void streamTruncated();
     void streamAsQDateTime_data();
     void streamAsQDateTime();
+    void streamHostile_data();
+    void streamHostile();
     void fitsIntoQVariant();
     void debugShowsTypeAndText();
 };
@@ -125,6 +128,9 @@ void tst_CDateTimeValue::streamAsQDateTime_data()
 
     QTest::newRow("null") << QDateTime();
     QTest::newRow("UTC") << utc(13);
+    QTest::newRow("zone") << utc(13).toTimeZone(QTimeZone("Europe/Berlin"));
+    QTest::newRow("custom zone") << utc(13).toTimeZone(
+        QTimeZone("Drive", 5400, QStringLiteral("Drive"), QStringLiteral("DR")));
     QTest::newRow("offset") << ahead(13);
     QTest::newRow("local") << QDateTime(QDate(2024, 3, 5), QTime(13, 7, 9));
 }
@@ -146,6 +152,37 @@ void tst_CDateTimeValue::streamAsQDateTime()
             QCOMPARE(read.toQDateTime(Qt::UTC), expected.toUTC());
         }
     }
+}
+
+void tst_CDateTimeValue::streamHostile_data()
+{
+    QTest::addColumn<int>("version");
+    QTest::addColumn<QByteArray>("specification");
+
+    QTest::newRow("5.15, specification 4") << int(QDataStream::Qt_5_15) << fromHexText("04");
+    QTest::newRow("5.15, specification 127") << int(QDataStream::Qt_5_15) << fromHexText("7f");
+    QTest::newRow("5.15, specification -1") << int(QDataStream::Qt_5_15) << fromHexText("ff");
+    QTest::newRow("5.0, specification 127") << int(QDataStream::Qt_5_0) << fromHexText("7f");
+    QTest::newRow("5.0, specification -1") << int(QDataStream::Qt_5_0) << fromHexText("ff");
+    const QByteArray up = streamed(QStringLiteral("../../../etc/passwd"));
+    const QByteArray offset = streamed(QStringLiteral("OffsetFromUtc"));
+    QTest::newRow("zone above its folder") << int(QDataStream::Qt_5_15) << "\x03" + up;
+    QTest::newRow("zone from the root")
+        << int(QDataStream::Qt_5_15) << "\x03" + streamed(QStringLiteral("/dev/zero"));
+    QTest::newRow("custom zone above its folder")
+        << int(QDataStream::Qt_5_15) << "\x03" + offset + up + QByteArray(24, '\0');
+}
+
+void tst_CDateTimeValue::streamHostile()
+{
+    QFETCH(int, version);
+    QFETCH(QByteArray, specification);
+    const QByteArray bytes = fromHexText("0000000000258ad7 02d0aa10") + specification;
+    CDateTime read(utc(13));
+
+    QCOMPARE(unstreamed(bytes, read, QDataStream::BigEndian, static_cast<QDataStream::Version>(version)),
+             QDataStream::ReadCorruptData);
+    QVERIFY(read.isNull());
 }
 
 void tst_CDateTimeValue::fitsIntoQVariant()

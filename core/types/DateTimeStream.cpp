@@ -1,0 +1,114 @@
+#include <core/types/DateTimeStream.h>
+
+#include <QDataStream>
+#include <QDateTime>
+#include <QTimeZone>
+
+// The layout: date and time of day; from Qt 4.0 the specification (8 bits), whose numbers are those of Qt::TimeSpec in
+// Qt 5.0 and from 5.2, and Qt 4's own in between and before; from 5.2 an offset (32 bits) or a time zone behind it. The
+// fields are in the specification, but in UTC at 5.0.
+namespace NDateTimeStream {
+
+namespace {
+
+// Qt 4's numbers: three kinds of local time, then these.
+constexpr qint8 QT4_UTC = 2;
+constexpr qint8 QT4_OFFSET = 3;
+
+struct SFields
+{
+    QDate date;
+    QTime time;
+    qint8 spec = Qt::LocalTime;
+};
+
+// A zone is a file in the system's folder of zones.
+bool isZoneName(const QString& name)
+{
+    return !name.startsWith(QLatin1Char('/')) && !name.contains(QLatin1String(".."));
+}
+
+bool readZone(QDataStream& stream, QTimeZone& zone)
+{
+    QString name;
+    stream >> name;
+    if (name != QLatin1String("OffsetFromUtc")) {
+        zone = isZoneName(name) ? QTimeZone(name.toUtf8()) : QTimeZone();
+        return isZoneName(name);
+    }
+    qint32 offset = 0;
+    qint32 country = 0;
+    QString longName;
+    QString abbreviation;
+    QString comment;
+    stream >> name >> offset >> longName >> abbreviation >> country >> comment;
+    if (!isZoneName(name)) {
+        return false;
+    }
+    zone = QTimeZone(name.toUtf8());
+    if (!zone.isValid()) {
+        zone = QTimeZone(name.toUtf8(), offset, longName, abbreviation,
+                         static_cast<QLocale::Country>(country), comment);
+    }
+    return true;
+}
+
+bool readInSpec(QDataStream& stream, const SFields& fields, QDateTime& dateTime)
+{
+    switch (fields.spec) {
+    case Qt::LocalTime:
+    case Qt::UTC:
+        dateTime = QDateTime(fields.date, fields.time, static_cast<Qt::TimeSpec>(fields.spec));
+        return true;
+    case Qt::OffsetFromUTC: {
+        qint32 offset = 0;
+        stream >> offset;
+        dateTime = QDateTime(fields.date, fields.time, Qt::OffsetFromUTC, offset);
+        return true;
+    }
+    case Qt::TimeZone: {
+        QTimeZone zone;
+        const bool named = readZone(stream, zone);
+        dateTime = QDateTime(fields.date, fields.time, zone);
+        return named;
+    }
+    default:
+        return false;
+    }
+}
+
+bool readAtVersion(QDataStream& stream, QDateTime& dateTime)
+{
+    SFields fields;
+    stream >> fields.date >> fields.time;
+    const int version = stream.version();
+    if (version >= QDataStream::Qt_4_0) {
+        stream >> fields.spec;
+    }
+    if (version >= QDataStream::Qt_5_2) {
+        return readInSpec(stream, fields, dateTime);
+    }
+    if (version == QDataStream::Qt_5_0) {
+        const bool known = fields.spec >= Qt::LocalTime && fields.spec <= Qt::TimeZone;
+        dateTime = QDateTime(fields.date, fields.time, Qt::UTC);
+        dateTime = known ? dateTime.toTimeSpec(static_cast<Qt::TimeSpec>(fields.spec)) : QDateTime();
+        return known;
+    }
+    const bool utc = version >= QDataStream::Qt_4_0 && (fields.spec == QT4_UTC || fields.spec == QT4_OFFSET);
+    dateTime = QDateTime(fields.date, fields.time, utc ? Qt::UTC : Qt::LocalTime);
+    return true;
+}
+
+} // namespace
+
+bool read(QDataStream& stream, QDateTime& dateTime)
+{
+    if (readAtVersion(stream, dateTime)) {
+        return true;
+    }
+    dateTime = QDateTime();
+    stream.setStatus(QDataStream::ReadCorruptData);
+    return false;
+}
+
+} // namespace NDateTimeStream

@@ -1,0 +1,18 @@
+#ifndef TLXCORE_DATETIMESTREAM_H
+#define TLXCORE_DATETIMESTREAM_H
+
+class QDataStream;
+class QDateTime;
+
+namespace NDateTimeStream {
+
+/**
+ * Reads what QDateTime's stream operator wrote, at every version as that operator reads it, but for what makes it crash
+ * or open files: a time specification that is none, and a time zone whose name leaves the folder of time zones, give a
+ * null date-time, ReadCorruptData and false.
+ */
+bool read(QDataStream& stream, QDateTime& dateTime);
+
+} // namespace NDateTimeStream
+
+#endif // TLXCORE_DATETIMESTREAM_H

@@ -1,0 +1,388 @@
+#include <core/tlxCoreQTest.h>
+#include <tests/support/MessageLog.h>
+
+#include <QtTest>
+
+#include <limits>
+
+struct SForeign
+{
+    int number;
+};
+Q_DECLARE_METATYPE(SForeign)
+
+namespace {
+
+const QString LETTERS =
+    QString(200, QLatin1Char('a')).replace(31, 1, QLatin1Char('y')).replace(32, 1, QLatin1Char('z'));
+
+NTypes::ETypes typeOf(int number)
+{
+    return static_cast<NTypes::ETypes>(number);
+}
+
+template <typename T>
+QVariant variantOf(T value)
+{
+    return QVariant::fromValue(value);
+}
+
+} // namespace
+
+/// CVariant from and to QVariant.
+class tst_CVariantBridge : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void numbers_data();
+    void numbers();
+    void nullNumber();
+    void characters();
+    void textSizes_data();
+    void textSizes();
+    void textBeyondAscii_data();
+    void textBeyondAscii();
+    void byteArraySizes_data();
+    void byteArraySizes();
+    void bytesAreUnits();
+    void ownStrings();
+    void unsupported_data();
+    void unsupported();
+    void unsupportedWithoutName();
+    void constructorStartsUnknown();
+    void assignmentReplacesType();
+    void payloadOut_data();
+    void payloadOut();
+    void thereAndBack_data();
+    void thereAndBack();
+    void dateTimeDoesNotComeBack();
+    void ownPayload();
+    void insideQVariant();
+};
+
+void tst_CVariantBridge::numbers_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<int>("tag");
+    QTest::addColumn<int>("payload");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("int") << variantOf(-5) << 6 << int(QMetaType::Int) << QStringLiteral("-5");
+    QTest::newRow("long") << variantOf(-5L) << 6 << int(QMetaType::Int) << QStringLiteral("-5");
+    QTest::newRow("unsigned int") << variantOf(5U) << 5 << int(QMetaType::UInt) << QStringLiteral("5");
+    QTest::newRow("unsigned long") << variantOf(5UL) << 5 << int(QMetaType::UInt) << QStringLiteral("5");
+    QTest::newRow("long long") << variantOf(std::numeric_limits<qlonglong>::min()) << 9
+                               << int(QMetaType::LongLong) << QStringLiteral("-9223372036854775808");
+    QTest::newRow("unsigned long long")
+        << variantOf(std::numeric_limits<qulonglong>::max()) << 8 << int(QMetaType::ULongLong)
+        << QStringLiteral("18446744073709551615");
+    QTest::newRow("double") << variantOf(-0.1) << 10 << int(QMetaType::Double) << QStringLiteral("-0.1");
+    QTest::newRow("float") << variantOf(0.1F) << 7 << int(QMetaType::Float) << QStringLiteral("0.1");
+    QTest::newRow("short") << variantOf(short(-7)) << 4 << int(QMetaType::Short) << QStringLiteral("-7");
+    QTest::newRow("unsigned short") << variantOf(ushort(65535)) << 3 << int(QMetaType::UShort)
+                                    << QStringLiteral("65535");
+    QTest::newRow("unsigned char") << variantOf(uchar(200)) << 1 << int(QMetaType::UChar)
+                                   << QStringLiteral("200");
+    QTest::newRow("signed char") << variantOf(static_cast<signed char>(-5)) << 2 << int(QMetaType::SChar)
+                                 << QStringLiteral("-5");
+}
+
+void tst_CVariantBridge::numbers()
+{
+    QFETCH(QVariant, value);
+    QFETCH(int, tag);
+    QFETCH(int, payload);
+    QFETCH(QString, text);
+    const MessageLog log;
+    CVariant assigned;
+    assigned = value;
+
+    for (const CVariant& variant : {CVariant(value), assigned}) {
+        QCOMPARE(variant.type(), typeOf(tag));
+        QCOMPARE(QVariant(variant).userType(), payload);
+        QCOMPARE(variant.toStr(), text);
+        QVERIFY(variant.isValid() && !variant.isNull());
+    }
+    QCOMPARE(log.messages(), QStringList());
+}
+
+void tst_CVariantBridge::nullNumber()
+{
+    const CVariant variant{QVariant(QVariant::UInt)};
+
+    QCOMPARE(variant.type(), NTypes::TYPE_U32);
+    QCOMPARE(variant.toU32(), 0U);
+    QVERIFY(!variant.isNull());
+}
+
+void tst_CVariantBridge::characters()
+{
+    const CVariant wide{QVariant(QChar(0x20AC))};
+    const CVariant narrow(variantOf('A'));
+    char byte = 0;
+
+    QCOMPARE(wide.type(), NTypes::TYPE_UTF16CHAR);
+    QCOMPARE(QChar(wide), QChar(0x20AC));
+    QCOMPARE(narrow.type(), NTypes::TYPE_CHAR);
+    QCOMPARE(QVariant(narrow).userType(), int(QMetaType::QByteArray));
+    QCOMPARE(QVariant(narrow).toByteArray(), QByteArray("A"));
+    QVERIFY(narrow.toChar(byte));
+    QCOMPARE(byte, 'A');
+}
+
+void tst_CVariantBridge::textSizes_data()
+{
+    QTest::addColumn<int>("letters");
+    QTest::addColumn<int>("tag");
+    QTest::addColumn<int>("kept");
+
+    // Cut to what the chosen type holds, not to what was there.
+    QTest::newRow("empty") << 0 << 12 << 0;
+    QTest::newRow("32 fill a STRING32") << 32 << 12 << 32;
+    QTest::newRow("40 are cut to 32") << 40 << 12 << 32;
+    QTest::newRow("63 are cut to 32") << 63 << 12 << 32;
+    QTest::newRow("64 are a STRING64") << 64 << 17 << 64;
+    QTest::newRow("100 are cut to 64") << 100 << 17 << 64;
+    QTest::newRow("127 are cut to 64") << 127 << 17 << 64;
+    QTest::newRow("128 are a STRING128") << 128 << 14 << 128;
+    QTest::newRow("200 are cut to 128") << 200 << 14 << 128;
+}
+
+void tst_CVariantBridge::textSizes()
+{
+    QFETCH(int, letters);
+    QFETCH(int, tag);
+    QFETCH(int, kept);
+    const CVariant variant{QVariant(LETTERS.left(letters))};
+
+    QCOMPARE(variant.type(), typeOf(tag));
+    QCOMPARE(variant.toStr(), LETTERS.left(kept));
+}
+
+void tst_CVariantBridge::textBeyondAscii_data()
+{
+    QTest::addColumn<int>("euros");
+    QTest::addColumn<int>("tag");
+
+    QTest::newRow("21 of 3 bytes: 63") << 21 << 12;
+    QTest::newRow("22 of 3 bytes: 66") << 22 << 17;
+    QTest::newRow("30 of 3 bytes: 90") << 30 << 17;
+    QTest::newRow("42 of 3 bytes: 126") << 42 << 17;
+    QTest::newRow("43 of 3 bytes: 129") << 43 << 14;
+}
+
+void tst_CVariantBridge::textBeyondAscii()
+{
+    QFETCH(int, euros);
+    QFETCH(int, tag);
+    const CVariant variant{QVariant(QString(euros, QChar(0x20AC)))};
+
+    QCOMPARE(variant.type(), typeOf(tag));
+    QCOMPARE(variant.toStr(), QString(euros, QChar(0x20AC)));
+}
+
+void tst_CVariantBridge::byteArraySizes_data()
+{
+    QTest::addColumn<int>("bytes");
+    QTest::addColumn<int>("tag");
+
+    QTest::newRow("0 bytes") << 0 << 12;
+    QTest::newRow("63 bytes") << 63 << 12;
+    QTest::newRow("64 bytes") << 64 << 17;
+    QTest::newRow("127 bytes") << 127 << 17;
+    QTest::newRow("128 bytes") << 128 << 14;
+    QTest::newRow("1000 bytes") << 1000 << 14;
+}
+
+void tst_CVariantBridge::byteArraySizes()
+{
+    QFETCH(int, bytes);
+    QFETCH(int, tag);
+    const CVariant variant{QVariant(QByteArray(bytes, 'a'))};
+    const int units = qMin(bytes, 256) / 2;
+
+    QCOMPARE(variant.type(), typeOf(tag));
+    QCOMPARE(variant.toStr().left(units), QString(units, QChar(0x6161)));
+}
+
+void tst_CVariantBridge::bytesAreUnits()
+{
+    // Units, low byte first; never a decoding of UTF-8. Half of the last unit is set.
+    const QByteArray bytes("\x41\x00\xAC\x20\xC3\xBC\x42", 7);
+    const CVariant variant{QVariant(bytes)};
+    const ushort units[] = {0x0041, 0x20AC, 0xBCC3, 0x0042};
+
+    QCOMPARE(variant.toStr(), QString::fromUtf16(units, 4));
+}
+
+void tst_CVariantBridge::ownStrings()
+{
+    const ushort leftovers[32] = {'x', 0, 'y'};
+    const CVariant short32(variantOf(CString32(leftovers)));
+    const CVariant middle(variantOf(CString64(QStringLiteral("middle"))));
+    const CVariant large(variantOf(CString128(QStringLiteral("large"))));
+
+    QCOMPARE(short32.type(), NTypes::TYPE_STRING32);
+    QCOMPARE(CString32(short32), CString32(leftovers));
+    QCOMPARE(middle.type(), NTypes::TYPE_STRING64);
+    QCOMPARE(middle.toStr(), QStringLiteral("middle"));
+    QCOMPARE(large.type(), NTypes::TYPE_STRING128);
+    QCOMPARE(large.toStr(), QStringLiteral("large"));
+}
+
+void tst_CVariantBridge::unsupported_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("bool") << QVariant(true) << QStringLiteral("bool");
+    QTest::newRow("date") << QVariant(QDate(2024, 3, 5)) << QStringLiteral("QDate");
+    QTest::newRow("date-time") << QVariant(QDateTime()) << QStringLiteral("QDateTime");
+    QTest::newRow("date-time record")
+        << variantOf(NTypes::tsDateTime{{1, 2, 3, 4}, {5, 6, 7}}) << QStringLiteral("NTypes::tsDateTime");
+    QTest::newRow("list of texts") << QVariant(QStringList{QStringLiteral("a")})
+                                   << QStringLiteral("QStringList");
+    QTest::newRow("map") << QVariant(QVariantMap()) << QStringLiteral("QVariantMap");
+    QTest::newRow("foreign type") << variantOf(SForeign{1}) << QStringLiteral("SForeign");
+}
+
+void tst_CVariantBridge::unsupported()
+{
+    QFETCH(QVariant, value);
+    QFETCH(QString, name);
+    const QString warning =
+        QStringLiteral("warning: CVariant::operator=() : userType() %1 is not supported in this method.")
+            .arg(name);
+    MessageLog log;
+    CVariant assigned(5);
+    CVariant& result = (assigned = value);
+
+    QCOMPARE(log.take(), QStringList{warning});
+    QCOMPARE(&result, &assigned);
+    QCOMPARE(assigned.type(), NTypes::TYPE_UNKNOWN);
+    QVERIFY(!QVariant(assigned).isValid());
+    const CVariant made(value);
+    QCOMPARE(log.take(), QStringList{warning});
+    QCOMPARE(made.type(), NTypes::TYPE_UNKNOWN);
+    QVERIFY(!QVariant(made).isValid());
+}
+
+void tst_CVariantBridge::unsupportedWithoutName()
+{
+    MessageLog log;
+    const CVariant made{QVariant()};
+
+    QCOMPARE(log.take(),
+             QStringList{QStringLiteral(
+                 "warning: CVariant::operator=() : userType() 0 is not supported in this method.")});
+    QCOMPARE(made.type(), NTypes::TYPE_UNKNOWN);
+    QVERIFY(!made.isValid() && made.isNull());
+}
+
+void tst_CVariantBridge::constructorStartsUnknown()
+{
+    // No trace of what the argument was remains.
+    const MessageLog log;
+    const CVariant made{QVariant(true)};
+
+    QCOMPARE(log.messages().size(), 1);
+    QCOMPARE(made.toStr(), QString());
+    QCOMPARE(made, CVariant());
+}
+
+void tst_CVariantBridge::assignmentReplacesType()
+{
+    CVariant variant(NTypes::TYPE_U8);
+    variant = QVariant(70000);
+
+    QCOMPARE(variant.type(), NTypes::TYPE_I32);
+    QCOMPARE(variant.toI32(), 70000);
+}
+
+void tst_CVariantBridge::payloadOut_data()
+{
+    QTest::addColumn<CVariant>("variant");
+    QTest::addColumn<QVariant>("payload");
+
+    QTest::newRow("unknown") << CVariant() << QVariant();
+    QTest::newRow("U16") << CVariant(ushort(5)) << variantOf(ushort(5));
+    QTest::newRow("U8 default is an int") << CVariant(NTypes::TYPE_U8) << QVariant(0);
+    QTest::newRow("CHAR") << CVariant('A') << QVariant(QByteArray("A"));
+    QTest::newRow("UTF16CHAR") << CVariant(QChar(0x41)) << QVariant(QChar(0x41));
+    QTest::newRow("F64") << CVariant(0.5) << QVariant(0.5);
+}
+
+void tst_CVariantBridge::payloadOut()
+{
+    QFETCH(CVariant, variant);
+    QFETCH(QVariant, payload);
+    const QVariant out = variant;
+
+    QCOMPARE(out.userType(), payload.userType());
+    QCOMPARE(out, payload);
+}
+
+void tst_CVariantBridge::thereAndBack_data()
+{
+    QTest::addColumn<CVariant>("variant");
+    QTest::addColumn<int>("tag");
+    QTest::addColumn<QString>("text");
+
+    const char bytes64[64] = "A";
+    const char bytes128[128] = "A";
+    const char bytes256[256] = "A";
+    const QString letter = QStringLiteral("A");
+    QTest::newRow("I16") << CVariant(short(-2)) << 4 << QStringLiteral("-2");
+    QTest::newRow("U8 default comes back wider") << CVariant(NTypes::TYPE_U8) << 6 << QStringLiteral("0");
+    QTest::newRow("STRING64") << CVariant(CString64(letter)) << 17 << letter;
+    // The bytes come back as UTF-16 units: a type by their number.
+    QTest::newRow("CHARSTR64") << CVariant(bytes64) << 17 << letter;
+    QTest::newRow("CHARSTR128") << CVariant(bytes128) << 14 << letter;
+    QTest::newRow("CHARSTR256") << CVariant(bytes256) << 14 << letter;
+    QTest::newRow("CHAR") << CVariant('A') << 12 << letter;
+}
+
+void tst_CVariantBridge::thereAndBack()
+{
+    QFETCH(CVariant, variant);
+    QFETCH(int, tag);
+    QFETCH(QString, text);
+    const CVariant back = CVariant(QVariant(variant));
+
+    QCOMPARE(back.type(), typeOf(tag));
+    QCOMPARE(back.toStr(), text);
+}
+
+void tst_CVariantBridge::dateTimeDoesNotComeBack()
+{
+    MessageLog log;
+    const CVariant date(NTypes::tsDateTime{{1, 2, 3, 4}, {5, 6, 2024}});
+    const CVariant back = CVariant(QVariant(date));
+
+    QCOMPARE(log.take().size(), 1);
+    QCOMPARE(back.type(), NTypes::TYPE_UNKNOWN);
+}
+
+void tst_CVariantBridge::ownPayload()
+{
+    CVariant text(CString64(QStringLiteral("drive")));
+    text = QVariant(text);
+    QCOMPARE(text.toStr(), QStringLiteral("drive"));
+
+    CVariant bytes('A');
+    bytes = QVariant(bytes);
+    QCOMPARE(bytes.type(), NTypes::TYPE_STRING32);
+    QCOMPARE(bytes.toStr(), QStringLiteral("A"));
+}
+
+void tst_CVariantBridge::insideQVariant()
+{
+    const QVariant outer = variantOf(CVariant(ushort(31)));
+
+    QCOMPARE(QByteArray(outer.typeName()), QByteArray("CVariant"));
+    QCOMPARE(outer.value<CVariant>(), CVariant(ushort(31)));
+}
+
+QTEST_GUILESS_MAIN(tst_CVariantBridge)
+#include "tst_CVariantBridge.moc"
