@@ -55,14 +55,24 @@ quint32 updatePortable(quint32 crc, const uchar* data, std::size_t length)
     return crc;
 }
 
-std::array<SPath, 1> paths()
+std::array<SPath, 4> paths()
 {
-    return {{{"portable", updatePortable}}};
+    return {{{"portable", updatePortable},
+             {"pclmulqdq", pathClmul()},
+             {"vpclmulqdq-avx2", pathVpclmul256()},
+             {"vpclmulqdq-avx512", pathVpclmul512()}}};
 }
 
 quint32 update(quint32 crc, const uchar* data, std::size_t length)
 {
-    return updatePortable(crc, data, length);
+    static const Function fastest = [] {
+        Function best = updatePortable;
+        for (const SPath& path : paths()) {
+            best = path.function ? path.function : best;
+        }
+        return best;
+    }();
+    return fastest(crc, data, length);
 }
 
 } // namespace NCrc32

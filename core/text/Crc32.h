@@ -27,8 +27,17 @@ constexpr quint32 POLYNOMIAL = 0xEDB88320U;
 /// Tables, 16 bytes a step. For every machine.
 quint32 updatePortable(quint32 crc, const uchar* data, std::size_t length);
 
+/// Carry-less multiplication of 128 bits, or null. x86-64 processors since about 2010.
+Function pathClmul();
+
+/// Carry-less multiplication of two times 128 bits (VPCLMULQDQ with AVX2), or null.
+Function pathVpclmul256();
+
+/// Carry-less multiplication of four times 128 bits (VPCLMULQDQ with AVX-512), or null.
+Function pathVpclmul512();
+
 /// Every way, the slowest first.
-std::array<SPath, 1> paths();
+std::array<SPath, 4> paths();
 
 /// The fastest way that this processor can go.
 quint32 update(quint32 crc, const uchar* data, std::size_t length);
