@@ -19,10 +19,13 @@
 #include <core/device/CMotorBaseName.h>
 #include <core/device/CSubDeviceItem.h>
 #include <core/device/DeviceStatus.h>
+#include <core/files/CDir.h>
 #include <core/files/CFTPath.h>
 #include <core/files/CPath.h>
 #include <core/files/CTar.h>
 #include <core/files/CTarFileInfo.h>
+#include <core/files/CTemporaryDir.h>
+#include <core/files/EDirFilter.h>
 #include <core/text/CDateTime.h>
 #include <core/text/CMath.h>
 #include <core/text/CStr.h>

@@ -1,6 +1,95 @@
 #include <core/files/Platform.h>
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QStorageInfo>
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+constexpr QFile::Permissions OWNER_ONLY = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
+bool makeOwnDirectory(const QString& path)
+{
+    if (QDir().mkdir(path)) {
+        QFile::setPermissions(path, OWNER_ONLY);
+    }
+    return QFileInfo(path).isDir();
+}
+
+// Without it, Qt's trash is the current directory.
+bool makeTrash(const QString& dataDirectory)
+{
+    const QString trash = dataDirectory + QLatin1String("/Trash");
+    return !dataDirectory.isEmpty() && QDir().mkpath(dataDirectory) && makeOwnDirectory(trash)
+           && makeOwnDirectory(trash + QLatin1String("/files"))
+           && makeOwnDirectory(trash + QLatin1String("/info"));
+}
+
+// Qt tries names for its note until one can be created, for ever when none can: read-only, full, name too long.
+bool takesNote(const QString& trash, const QString& name)
+{
+    const QString info = trash + QLatin1String("/info/");
+    QFile note(info + name + QLatin1String("-999999.probe.trashinfo"));
+    if (!QFileInfo(info).isDir()) {
+        return true;
+    }
+    const bool isCreated = note.open(QIODevice::WriteOnly | QIODevice::NewOnly);
+    note.remove();
+    return isCreated;
+}
+
+// The trashes that Qt may choose: the user's own, and those of the file system that the path lies on.
+QStringList possibleTrashes(const QString& path, const QString& dataDirectory)
+{
+    QStringList trashes{dataDirectory + QLatin1String("/Trash")};
+    const QStorageInfo storage(path);
+    if (storage != QStorageInfo(QDir::home())) {
+        const QString root = storage.rootPath() + QLatin1String("/.Trash");
+        const QString user = QString::number(getuid());
+        trashes << root + QLatin1Char('/') + user << root + QLatin1Char('-') + user;
+    }
+    return trashes;
+}
+
+} // namespace
+
 QString NPlatform::documentsFolder()
 {
     return QString();
+}
+
+bool NPlatform::moveToTrash(const QString& path)
+{
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (!makeTrash(data)) {
+        return false;
+    }
+    const QStringList trashes = possibleTrashes(path, data);
+    for (const QString& trash : trashes) {
+        if (!takesNote(trash, QFileInfo(path).fileName())) {
+            return false;
+        }
+    }
+    return QFile::moveToTrash(path);
+}
+
+// QFile::rename() would copy over a file that appears between its look and its rename. A file that this call creates
+// holds the name; rename(2) then replaces that one.
+bool NPlatform::renameNew(const QString& from, const QString& to)
+{
+    QFile place(to);
+    if (!place.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        return false;
+    }
+    place.close();
+    if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0) {
+        return true;
+    }
+    place.remove();
+    return false;
 }
