@@ -7,6 +7,14 @@ const QList<SCommand>& commands()
     static const QList<SCommand> table{
         {"value", "TYPE [TEXT]", "Parses a text as a value type and shows the value in all its forms.",
          "tlx value U16 0x1F", nullptr, runValue},
+        {"hwid", "TEXT", "Parses a hardware identifier and shows its parts and forms.",
+         "tlx hwid A012_003_Board", nullptr, runHwid},
+        {"motor", "FILE", "Splits the name of a motor's parameter file into its parts.",
+         "tlx motor ACME_M100_1", addMotorOptions, runMotor},
+        {"ip", "TEXT", "Parses an IPv6 address and shows it as the drives store it.",
+         "tlx ip FE80:0:0:0:0:0:0:1", nullptr, runIp},
+        {"devices", "FILE", "Shows a stored device list with its devices and sub-devices.",
+         "tlx devices hall.devices --json", addDevicesOptions, runDevices},
     };
     return table;
 }

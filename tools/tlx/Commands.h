@@ -6,5 +6,11 @@ class QCommandLineParser;
 
 // What the rows of the command table point at: each command lives in a file of its own.
 int runValue(const QCommandLineParser& parser, CReport& report);
+int runHwid(const QCommandLineParser& parser, CReport& report);
+void addMotorOptions(QCommandLineParser& parser);
+int runMotor(const QCommandLineParser& parser, CReport& report);
+int runIp(const QCommandLineParser& parser, CReport& report);
+void addDevicesOptions(QCommandLineParser& parser);
+int runDevices(const QCommandLineParser& parser, CReport& report);
 
 #endif // TLX_COMMANDS_H
