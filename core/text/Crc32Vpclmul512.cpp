@@ -40,7 +40,7 @@ struct SWide64
     TLX_CRC32_TARGET static __m128i last(Type part)
     {
         const __m128i by = pairOf(OVER_16.low, OVER_16.high);
-        __m128i sum = _mm512_castsi512_si128(part);
+        __m128i sum = part16<0>(part);
         sum = fold16(sum, by, part16<1>(part));
         sum = fold16(sum, by, part16<2>(part));
         return fold16(sum, by, part16<3>(part));
