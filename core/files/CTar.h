@@ -23,8 +23,8 @@ class TarNames;
  *
  * Of a header only name, size, kind, link target and magic are read. The prefix of a long name is not, so such a
  * name comes out as its last part; the checksum is not verified; a text ends at its first zero byte, not at the
- * end of its field, so a name of exactly 100 characters carries the text of the mode field behind it. Names are
- * Latin-1. Reading a header never leaves its 512 bytes.
+ * end of its field, so a name of exactly 100 characters carries the text of the mode field behind it. The size is
+ * such a text as well, of octal digits; one that fills its field may end with a blank. Names are Latin-1. Reading a header never leaves its 512 bytes.
  *
  * Every failure returns false and leaves its text, translated with the context "CTar", in error(), where it stays
  * until the next error replaces it. Two failures are silent: a size that is not an octal number, and an unknown

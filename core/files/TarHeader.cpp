@@ -15,6 +15,21 @@ bool isOctalDigit(char byte)
     return byte >= '0' && byte <= '7';
 }
 
+// Negative when the text does not convert. Plain digits take a shorter road than Qt's conversion, to the same number.
+qint64 octalNumber(const char* text, int length)
+{
+    if (length > 0 && length <= OCTAL_DIGITS_MAX && std::all_of(text, text + length, isOctalDigit)) {
+        qint64 value = 0;
+        for (int i = 0; i < length; ++i) {
+            value = value * 8 + (text[i] - '0');
+        }
+        return value;
+    }
+    bool ok = false;
+    const qint64 value = QString::fromLatin1(text, length).toLongLong(&ok, 8);
+    return ok ? value : -1;
+}
+
 } // namespace
 
 bool TarHeader::isZero() const
@@ -53,20 +68,14 @@ QString TarHeader::linkName() const
     return text(LINK_NAME);
 }
 
+// Up to the first zero byte like a text. Only where that makes no number, the blank counts with which POSIX lets a
+// number end as well: bsdtar fills the field up with it, and the time follows at once.
 qint64 TarHeader::size() const
 {
-    const char* begin = mBlock + SIZE.offset;
     const int length = textLength(SIZE);
-    if (length > 0 && length <= OCTAL_DIGITS_MAX && std::all_of(begin, begin + length, isOctalDigit)) {
-        qint64 value = 0;
-        for (int i = 0; i < length; ++i) {
-            value = value * 8 + (begin[i] - '0');
-        }
-        return value;
-    }
-    bool ok = false;
-    const qint64 value = QString::fromLatin1(begin, length).toLongLong(&ok, 8);
-    return ok ? value : -1;
+    const qint64 value = octalNumber(mBlock + SIZE.offset, length);
+    const bool endsWithBlank = length >= SIZE.width && mBlock[SIZE.offset + SIZE.width - 1] == ' ';
+    return value < 0 && endsWithBlank ? octalNumber(mBlock + SIZE.offset, SIZE.width) : value;
 }
 
 // A text ends at its first zero byte, not with its field: callers know names of 100 characters with the mode behind.

@@ -67,6 +67,9 @@ CTarFileInfo modelInfo(const QByteArray& block, bool* sizeOk)
     info.mName = QString::fromLatin1(bytes.constData());
     info.mLinkName = QString::fromLatin1(bytes.constData() + 157);
     info.mSize = QString::fromLatin1(bytes.constData() + 124).toLongLong(sizeOk, 8);
+    if (!*sizeOk && bytes.at(135) == ' ' && !bytes.mid(124, 12).contains('\0')) {
+        info.mSize = QString::fromLatin1(bytes.mid(124, 12)).toLongLong(sizeOk, 8);
+    }
     *sizeOk = *sizeOk && info.mSize >= 0;
     return info;
 }
@@ -207,6 +210,8 @@ void tst_CTarHeader::sizes_data()
                                             << Q_INT64_C(10);
     QTest::newRow("plus") << QByteArray("+12") << Q_INT64_C(10);
     QTest::newRow("minus zero") << QByteArray("-0") << Q_INT64_C(0);
+    QTest::newRow("blank instead of the zero byte") << QByteArray("00000000012 ") << Q_INT64_C(10);
+    QTest::newRow("blanks on both sides") << QByteArray("       0012 ") << Q_INT64_C(10);
     QTest::newRow("digits behind the zero byte") << QByteArray("12\0"
                                                                "3456",
                                                                7)
@@ -240,6 +245,9 @@ void tst_CTarHeader::sizesFail_data()
     QTest::newRow("sign alone") << QByteArray("-");
     QTest::newRow("base 256 of GNU") << QByteArray("\x80\0\0\0\0\0\0\0\0\0\0\x0a", 12);
     QTest::newRow("base 256, negative") << QByteArray(12, '\xff');
+    QTest::newRow("two numbers, blank at the field's end") << QByteArray("0000 000012 ");
+    QTest::newRow("negative, blank at the field's end") << QByteArray("-0000000012 ");
+    QTest::newRow("tab at the field's end") << QByteArray("00000000012\t");
     QTest::newRow("12 digits run on into the time") << QByteArray("000000000012");
 }
 
@@ -278,6 +286,9 @@ void tst_CTarHeader::sizesAsQtConverts()
         const int letters = round % 4 == 0 ? alphabet.size() : 8; // mostly digits
         for (int i = 0; i < length; ++i) {
             text += alphabet.at(random.bounded(letters));
+        }
+        if (round % 5 == 0 && length > 11) {
+            text[11] = ' '; // the field's last byte
         }
         STarMember member;
         member.name = "a";
