@@ -14,13 +14,20 @@ InstalledProgram::InstalledProgram(const QString& program)
                && QDir().mkpath(home()) && QFile::copy(program, mProgram);
 }
 
+QStringList InstalledProgram::environment() const
+{
+    return {QLatin1String("HOME=") + home(), QLatin1String("USERPROFILE=") + home(),
+            QLatin1String("APPDATA=") + appdata()};
+}
+
 QMap<QString, QString> InstalledProgram::run(const QStringList& arguments, const QStringList& unset) const
 {
     QProcess process;
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
-    variables.insert(QStringLiteral("HOME"), home());
-    variables.insert(QStringLiteral("USERPROFILE"), home());
-    variables.insert(QStringLiteral("APPDATA"), appdata());
+    const QStringList own = environment();
+    for (const QString& text : own) {
+        variables.insert(text.section(QLatin1Char('='), 0, 0), text.section(QLatin1Char('='), 1));
+    }
     // The copy finds the library where the original does: on Windows beside that.
     const QString path = variables.value(QStringLiteral("PATH"));
     variables.insert(QStringLiteral("PATH"), mOrigin + QDir::listSeparator() + path);

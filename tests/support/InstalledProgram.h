@@ -19,10 +19,14 @@ public:
 
     bool isValid() const { return mIsValid; }
 
-    QString root() const { return mRoot; } ///< Temporary directory, ends in "/".
+    QString program() const { return mProgram; } ///< The copy.
+    QString root() const { return mRoot; }       ///< Temporary directory, ends in "/".
     QString install() const { return mRoot + QLatin1String("Prog/Tool/"); } ///< Installation directory.
     QString home() const { return mRoot + QLatin1String("home"); }          ///< Home of the user who runs it.
     QString appdata() const { return mRoot + QLatin1String("appdata"); }    ///< His APPDATA.
+
+    /// The variables that it runs with, as "NAME=value".
+    QStringList environment() const;
 
     /// Runs it and gives its answers by name; empty when it fails. `unset` names variables that it must not see.
     QMap<QString, QString> run(const QStringList& arguments = {}, const QStringList& unset = {}) const;

@@ -8,7 +8,12 @@ QJsonObject STlxRun::json() const
     return QJsonDocument::fromJson(output).object();
 }
 
-STlxRun runTlx(const QStringList& arguments, const QStringList& environment)
+QString tlxProgram()
+{
+    return QStringLiteral(TLX_PROGRAM);
+}
+
+STlxRun runTlx(const QStringList& arguments, const QStringList& environment, const QString& program)
 {
     QProcess process;
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
@@ -16,7 +21,7 @@ STlxRun runTlx(const QStringList& arguments, const QStringList& environment)
         variables.insert(text.section(QLatin1Char('='), 0, 0), text.section(QLatin1Char('='), 1));
     }
     process.setProcessEnvironment(variables);
-    process.start(QStringLiteral(TLX_PROGRAM), arguments);
+    process.start(program.isEmpty() ? tlxProgram() : program, arguments);
     STlxRun run;
     if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit) {
         run.exitCode = process.exitCode();

@@ -15,7 +15,12 @@ struct STlxRun
     QJsonObject result() const { return json().value(QLatin1String("result")).toObject(); }
 };
 
-/// Runs tlx with these arguments; `environment` holds "NAME=value" texts that are set in addition.
-STlxRun runTlx(const QStringList& arguments, const QStringList& environment = {});
+/// Where tlx was built.
+QString tlxProgram();
+
+/// Runs tlx with these arguments; `environment` holds "NAME=value" texts that are set in addition. `program` is a copy
+/// of it elsewhere (empty: the one that was built).
+STlxRun runTlx(const QStringList& arguments, const QStringList& environment = {},
+               const QString& program = {});
 
 #endif // TLXTEST_TLXPROCESS_H

@@ -5,8 +5,12 @@
 const QList<SCommand>& commands()
 {
     static const QList<SCommand> table{
+        {"start", "[KEY=VALUE]...", "Walks the road of one start of a tool and shows every result.",
+         "tlx start drvadr=3 lang=de port=0x1F40 --unit UNIT_U16=0x1F", addStartOptions, runStart},
         {"value", "TYPE [TEXT]", "Parses a text as a value type and shows the value in all its forms.",
          "tlx value U16 0x1F", nullptr, runValue},
+        {"unit", "[CODE|NAME]", "Shows the catalogue of units, or one unit.", "tlx unit UNIT_DATE_TIME",
+         nullptr, runUnit},
         {"hwid", "TEXT", "Parses a hardware identifier and shows its parts and forms.",
          "tlx hwid A012_003_Board", nullptr, runHwid},
         {"motor", "FILE", "Splits the name of a motor's parameter file into its parts.",
@@ -15,6 +19,9 @@ const QList<SCommand>& commands()
          "tlx ip FE80:0:0:0:0:0:0:1", nullptr, runIp},
         {"devices", "FILE", "Shows a stored device list with its devices and sub-devices.",
          "tlx devices hall.devices --json", addDevicesOptions, runDevices},
+        {"company", "[PRODUCT]", "Shows the settings of the company, or of one product.", "tlx company 101",
+         nullptr, runCompany},
+        {"paths", "", "Shows where the files of a tool lie.", "tlx paths", addPathsOptions, runPaths},
     };
     return table;
 }

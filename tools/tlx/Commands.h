@@ -13,4 +13,12 @@ int runIp(const QCommandLineParser& parser, CReport& report);
 void addDevicesOptions(QCommandLineParser& parser);
 int runDevices(const QCommandLineParser& parser, CReport& report);
 
+void addPathsOptions(QCommandLineParser& parser);
+void addStartOptions(QCommandLineParser& parser);
+
+int runCompany(const QCommandLineParser& parser, CReport& report);
+int runPaths(const QCommandLineParser& parser, CReport& report);
+int runStart(const QCommandLineParser& parser, CReport& report);
+int runUnit(const QCommandLineParser& parser, CReport& report);
+
 #endif // TLX_COMMANDS_H

@@ -1,0 +1,68 @@
+#include "Paths.h"
+
+#include "Command.h"
+#include "Commands.h"
+#include "Report.h"
+
+#include <core/files/CPath.h>
+
+#include <QCommandLineParser>
+#include <QFileInfo>
+
+namespace {
+
+struct SDirectory
+{
+    const char* name;
+    QString (*path)(bool);
+};
+
+const SDirectory DIRECTORIES[] = {
+    {"bin", CPath::binPath},
+    {"lib", CPath::libPath},
+    {"etc", CPath::etcPath},
+    {"txt", CPath::txtPath},
+    {"image", CPath::imagePath},
+    {"doc", CPath::docPath},
+    {"constConfig", CPath::constConfigPath},
+    {"constData", CPath::constDataPath},
+    {"config", CPath::configPath},
+    {"log", CPath::logPath},
+    {"motor", CPath::motorPath},
+    {"param", CPath::paramPath},
+    {"data", CPath::dataPath},
+    {"project", CPath::projectPath},
+};
+
+} // namespace
+
+void addDirectories(CReport& report, bool create)
+{
+    QList<QStringList> rows;
+    for (const SDirectory& directory : DIRECTORIES) {
+        const QString path = directory.path(create);
+        const bool exists = QFileInfo(path).isDir();
+        rows << QStringList{QLatin1String(directory.name), path,
+                            exists ? QStringLiteral("yes") : QStringLiteral("no")};
+    }
+    report.addTable(QStringLiteral("directories"),
+                    {QStringLiteral("name"), QStringLiteral("path"), QStringLiteral("exists")}, rows);
+}
+
+void addPathsOptions(QCommandLineParser& parser)
+{
+    parser.addOption({QStringLiteral("create"), QStringLiteral("Makes the directories that are missing.")});
+}
+
+int runPaths(const QCommandLineParser& parser, CReport& report)
+{
+    if (!parser.positionalArguments().isEmpty()) {
+        return wrongUsage(report, QStringLiteral("takes no arguments"));
+    }
+    report.add(QStringLiteral("product"), QStringLiteral("Product"), CPath::productName());
+    report.add(QStringLiteral("install"), QStringLiteral("Installation"), CPath::installPath());
+    report.add(QStringLiteral("appdata"), QStringLiteral("Application data"), CPath::appdataPath());
+    report.add(QStringLiteral("userdata"), QStringLiteral("User's documents"), CPath::userdataPath());
+    addDirectories(report, parser.isSet(QStringLiteral("create")));
+    return EXIT_DONE;
+}
