@@ -13,6 +13,8 @@ private Q_SLOTS:
     void number();
     void negativeNumber();
     void bigNumber();
+    void digits_data();
+    void digits();
     void text();
     void controlCharacters();
     void dateTime();
@@ -73,6 +75,35 @@ void tst_tlxValue::negativeNumber()
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(read(run, "i8").toInt(), -5);
     QCOMPARE(read(run, "u8").toInt(), 251);
+}
+
+void tst_tlxValue::digits_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("hex");
+    QTest::addColumn<QString>("bits");
+
+    const QString none;
+    QTest::newRow("U16") << QStringList{QStringLiteral("U16"), QStringLiteral("303")}
+                         << QStringLiteral("012f") << QStringLiteral("00000001 00101111");
+    QTest::newRow("I8") << QStringList{QStringLiteral("I8"), QStringLiteral("--"), QStringLiteral("-2")}
+                        << QStringLiteral("fe") << QStringLiteral("11111110");
+    QTest::newRow("CHAR") << QStringList{QStringLiteral("CHAR"), QStringLiteral("A")} << QStringLiteral("41")
+                          << none;
+    QTest::newRow("F32") << QStringList{QStringLiteral("F32"), QStringLiteral("1.5")} << none << none;
+}
+
+void tst_tlxValue::digits()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, hex);
+    QFETCH(QString, bits);
+    const STlxRun run = runValue(arguments);
+
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.errorOutput, QByteArray());
+    QCOMPARE(run.result().value(QLatin1String("hex")).toString(), hex);
+    QCOMPARE(run.result().value(QLatin1String("bits")).toString(), bits);
 }
 
 void tst_tlxValue::bigNumber()

@@ -5,6 +5,11 @@ class CReport;
 class QCommandLineParser;
 
 // What the rows of the command table point at: each command lives in a file of its own.
+void addDateTimeOptions(QCommandLineParser& parser);
+int runDateTime(const QCommandLineParser& parser, CReport& report);
+int runDuration(const QCommandLineParser& parser, CReport& report);
+void addStreamOptions(QCommandLineParser& parser);
+int runStream(const QCommandLineParser& parser, CReport& report);
 int runValue(const QCommandLineParser& parser, CReport& report);
 int runHwid(const QCommandLineParser& parser, CReport& report);
 void addMotorOptions(QCommandLineParser& parser);

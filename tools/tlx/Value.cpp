@@ -5,6 +5,7 @@
 #include <core/text/CStr.h>
 #include <core/types/CVariant.h>
 
+#include <QBitArray>
 #include <QCommandLineParser>
 
 #include <cmath>
@@ -116,6 +117,36 @@ void addForms(CReport& report, const CVariant& value)
     report.add(QStringLiteral("localText"), QStringLiteral("Text in this locale"), value.toLocaleStr());
 }
 
+// The bits of an integer, the most significant first, a blank between two bytes; empty for other types.
+QString bitsOf(const CVariant& value)
+{
+    const quint32 type = value.type();
+    if (type < NTypes::TYPE_U8 || type > NTypes::TYPE_I64 || type == NTypes::TYPE_F32) {
+        return QString();
+    }
+    const QBitArray bits = value.toBitArray();
+    QString text;
+    for (int i = bits.size(); i-- > 0;) {
+        text += QLatin1Char(bits.testBit(i) ? '1' : '0');
+        if (i > 0 && i % 8 == 0) {
+            text += QLatin1Char(' ');
+        }
+    }
+    return text;
+}
+
+void addDigits(CReport& report, const CVariant& value)
+{
+    const QString digits = value.toHex(QString());
+    if (!digits.isEmpty()) {
+        report.add(QStringLiteral("hex"), QStringLiteral("Hexadecimal"), digits);
+    }
+    const QString bits = bitsOf(value);
+    if (!bits.isEmpty()) {
+        report.add(QStringLiteral("bits"), QStringLiteral("Bits"), bits);
+    }
+}
+
 void addReadings(CReport& report, const CVariant& value)
 {
     report.setSection(QStringLiteral("readAs"), QStringLiteral("Read as"));
@@ -156,6 +187,7 @@ int runValue(const QCommandLineParser& parser, CReport& report)
     }
     const CVariant value = arguments.size() == 2 ? CVariant(arguments.last(), type) : CVariant(type);
     addForms(report, value);
+    addDigits(report, value);
     addReadings(report, value);
     addDefault(report, type);
     return EXIT_DONE;
