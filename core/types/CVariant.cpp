@@ -265,6 +265,14 @@ CVariant& CVariant::setUserType(const T& value, NTypes::ETypes type)
 template <typename T>
 T CVariant::toNumber(NTypes::ETypes target, bool* ok) const
 {
+    if (mType == target) {
+        if (const T* own = NVariantPayload::exact<T>(mValue)) {
+            if (ok) {
+                *ok = true;
+            }
+            return *own;
+        }
+    }
     bool done = false;
     T number = 0;
     if (canConvertTo(target)) {

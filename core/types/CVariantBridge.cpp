@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <functional>
 
 using NTypes::EKind;
@@ -40,6 +41,37 @@ template <typename Float>
 bool fuzzyEqual(Float a, Float b, Float precision)
 {
     return std::fabs(a - b) * precision <= std::min(std::fabs(a), std::fabs(b));
+}
+
+template <typename T>
+bool areEqual(const QVariant& left, const QVariant& right)
+{
+    const T* const a = exact<T>(left);
+    const T* const b = exact<T>(right);
+    return a && b && *a == *b;
+}
+
+// Payloads of the type's own form that are equal as they stand, without a reader or a text. What is not may still be
+// equal: as a number of another form, or as a text up to its first zero.
+bool areSamePayload(const QVariant& left, const QVariant& right, NTypes::ETypes type)
+{
+    const NTypes::STypeInfo& info = typeInfo(type);
+    switch (info.kind) {
+    case EKind::Unsigned:
+    case EKind::Signed:
+        return NVariantPayload::metaType(left) == info.payload
+               && NVariantPayload::metaType(right) == info.payload
+               && std::memcmp(NVariantPayload::data(left), NVariantPayload::data(right), info.width) == 0;
+    case EKind::Char8Text:
+        return areEqual<QByteArray>(left, right);
+    case EKind::Utf16Char:
+        return areEqual<QChar>(left, right);
+    case EKind::Utf16Text:
+        return areEqual<CString32>(left, right) || areEqual<CString64>(left, right)
+               || areEqual<CString128>(left, right);
+    default:
+        return false;
+    }
 }
 
 // The left operand's tag chooses the reader of both.
@@ -139,7 +171,7 @@ bool CVariant::operator==(const CVariant& other) const
         return mType == NTypes::TYPE_F32 ? fuzzyEqual(toF32(), other.toF32(), 100000.0F)
                                          : fuzzyEqual(toF64(), other.toF64(), 1e12);
     default:
-        return ordered<std::equal_to>(*this, other);
+        return areSamePayload(mValue, other.mValue, mType) || ordered<std::equal_to>(*this, other);
     }
 }
 

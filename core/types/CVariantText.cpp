@@ -6,6 +6,9 @@
 #include <QDateTime>
 #include <QDebug>
 
+#include <array>
+#include <limits>
+
 using NTypes::EKind;
 using NTypes::typeInfo;
 using NVariantPayload::as;
@@ -16,19 +19,50 @@ namespace {
 constexpr int F32_DIGITS = 6;
 constexpr int F64_DIGITS = 15;
 
+// "00", "01" … "99"
+constexpr std::array<char16_t, 200> digitPairs()
+{
+    std::array<char16_t, 200> pairs = {};
+    for (std::size_t i = 0; i < 100; ++i) {
+        pairs[2 * i] = static_cast<char16_t>('0' + i / 10);
+        pairs[2 * i + 1] = static_cast<char16_t>('0' + i % 10);
+    }
+    return pairs;
+}
+
+constexpr std::array<char16_t, 200> PAIRS = digitPairs();
+
+int digitCount(quint64 number)
+{
+    int count = 1;
+    for (quint64 power = 10; number >= power; power *= 10) {
+        if (++count == std::numeric_limits<quint64>::digits10 + 1) {
+            break; // the next power would not fit
+        }
+    }
+    return count;
+}
+
+// Written from the last digit to the first, two at a time, in their place.
 QString decimal(quint64 magnitude, bool negative)
 {
-    constexpr int MAX_LENGTH = 20; // "-9223372036854775808", "18446744073709551615"
-    QChar digits[MAX_LENGTH];
-    int begin = MAX_LENGTH;
-    do {
-        digits[--begin] = QChar(static_cast<ushort>('0' + magnitude % 10));
-        magnitude /= 10;
-    } while (magnitude != 0);
-    if (negative) {
-        digits[--begin] = QLatin1Char('-');
+    const int length = digitCount(magnitude) + (negative ? 1 : 0);
+    QString text(length, Qt::Uninitialized);
+    QChar* const begin = text.data();
+    QChar* out = begin + length;
+    while (magnitude >= 10) {
+        const std::size_t pair = 2 * static_cast<std::size_t>(magnitude % 100);
+        magnitude /= 100;
+        *--out = QChar(PAIRS[pair + 1]);
+        *--out = QChar(PAIRS[pair]);
     }
-    return QString(digits + begin, MAX_LENGTH - begin);
+    if (out > begin + (negative ? 1 : 0)) {
+        *--out = QChar(static_cast<char16_t>('0' + magnitude));
+    }
+    if (negative) {
+        *begin = QLatin1Char('-');
+    }
+    return text;
 }
 
 QString integerText(const QVariant& payload, NTypes::ETypes type)

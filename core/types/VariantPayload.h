@@ -10,27 +10,41 @@
 // kept by setDefaultValue may be anything.
 namespace NVariantPayload {
 
+/// QVariant::userType() and constData(), inline: they stand on the way of every comparison and every text.
+inline int metaType(const QVariant& payload)
+{
+    return static_cast<int>(payload.data_ptr().type);
+}
+
+inline const void* data(const QVariant& payload)
+{
+    const QVariant::DataPtr& d = payload.data_ptr();
+    return d.is_shared ? d.data.shared->ptr : static_cast<const void*>(&d.data.ptr);
+}
+
 /// The value when the payload holds exactly this Qt type; null otherwise.
 template <typename T>
 const T* exact(const QVariant& payload)
 {
-    return payload.userType() == qMetaTypeId<T>() ? static_cast<const T*>(payload.constData()) : nullptr;
+    return metaType(payload) == qMetaTypeId<T>() ? static_cast<const T*>(data(payload)) : nullptr;
 }
 
 /// The payload as the Qt type T: its value when it holds exactly T, else what QVariant::convert makes of it, else T().
 template <typename T>
 T as(const QVariant& payload, bool* ok = nullptr)
 {
-    QVariant converted;
-    const T* value = exact<T>(payload);
-    if (!value) {
-        converted = payload;
-        value = converted.convert(qMetaTypeId<T>()) ? static_cast<const T*>(converted.constData()) : nullptr;
+    if (const T* value = exact<T>(payload)) {
+        if (ok) {
+            *ok = true;
+        }
+        return *value;
     }
+    QVariant copy = payload;
+    const bool converted = copy.convert(qMetaTypeId<T>());
     if (ok) {
-        *ok = value != nullptr;
+        *ok = converted;
     }
-    return value ? *value : T();
+    return converted ? *static_cast<const T*>(copy.constData()) : T();
 }
 
 /// The packed 64-bit number of a date-time payload: of a record, or the number itself; 0 when it is neither.
