@@ -28,6 +28,13 @@ const QList<SCommand>& commands()
         {"company", "[PRODUCT]", "Shows the settings of the company, or of one product.", "tlx company 101",
          nullptr, runCompany},
         {"paths", "", "Shows where the files of a tool lie.", "tlx paths", addPathsOptions, runPaths},
+        {"tar", "list FILE | check FILE | cat FILE MEMBER",
+         "Lists or checks a tar archive, or writes a member's bytes to standard output.",
+         "tlx tar cat firmware.tar image.bin", addTarOptions, runTar},
+        {"totp", "make | check CODE", "Makes or checks a one-time code of the current time.",
+         "tlx totp make --key-file key --digits 8", addTotpOptions, runTotp},
+        {"bench-ticks", "", "Calibrates the tick stopwatch and shows its resolution.",
+         "tlx bench-ticks --json", nullptr, runBenchTicks},
     };
     return table;
 }

@@ -17,6 +17,11 @@ int runMotor(const QCommandLineParser& parser, CReport& report);
 int runIp(const QCommandLineParser& parser, CReport& report);
 void addDevicesOptions(QCommandLineParser& parser);
 int runDevices(const QCommandLineParser& parser, CReport& report);
+int runTar(const QCommandLineParser& parser, CReport& report);
+void addTarOptions(QCommandLineParser& parser);
+int runTotp(const QCommandLineParser& parser, CReport& report);
+void addTotpOptions(QCommandLineParser& parser);
+int runBenchTicks(const QCommandLineParser& parser, CReport& report);
 
 void addPathsOptions(QCommandLineParser& parser);
 void addStartOptions(QCommandLineParser& parser);
