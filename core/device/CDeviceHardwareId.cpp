@@ -7,6 +7,8 @@
 #include <QDebug>
 #include <QHash>
 
+#include <utility>
+
 namespace {
 
 constexpr int DIGITS = 3;
@@ -32,31 +34,35 @@ bool isOfForm(const QString& text, int numbers)
            || (scanner.takeUnit('_') && scanner.take(NUnitClass::isWord) > 0 && scanner.atEnd());
 }
 
-bool isNumber(QStringView text)
+/// Takes one to three digits; gives their value, -1 if there is none.
+int takeNumber(TextScanner& scanner)
 {
-    TextScanner scanner(text);
-    return scanner.take(NUnitClass::isDigit, DIGITS) > 0 && scanner.atEnd();
+    int number = 0;
+    const auto addDigit = [&number](QChar unit) {
+        if (!NUnitClass::isDigit(unit)) {
+            return false;
+        }
+        number = number * 10 + (unit.unicode() < 0x80 ? unit.unicode() - '0' : unit.digitValue());
+        return true;
+    };
+    return scanner.take(addDigit, DIGITS) > 0 ? number : -1;
 }
 
-/// The single way of a textual number into a value.
-bool setNumber(unsigned short& field, QStringView text)
+/// The value of a text that is one to three digits, -1 for any other.
+int numberOf(QStringView text)
 {
-    if (!isNumber(text)) {
+    TextScanner scanner(text);
+    const int number = takeNumber(scanner);
+    return scanner.atEnd() ? number : -1;
+}
+
+bool storeNumber(unsigned short& field, int number)
+{
+    if (number < 0) {
         return false;
-    }
-    int number = 0;
-    for (const QChar digit : text) {
-        number = number * 10 + digit.digitValue();
     }
     field = static_cast<unsigned short>(number);
     return true;
-}
-
-/// The part up to the next "_" or the end.
-QStringView firstPart(QStringView text)
-{
-    const qsizetype end = text.indexOf(QLatin1Char('_'));
-    return end < 0 ? text : text.left(end);
 }
 
 QString numberText(unsigned short number)
@@ -73,7 +79,7 @@ bool isPrefix(const QString& text)
 
 CDeviceHardwareId::CDeviceHardwareId(const QString& text)
 {
-    setHardwareId(text);
+    parse(text);
 }
 
 CDeviceHardwareId::~CDeviceHardwareId() = default;
@@ -146,17 +152,17 @@ void CDeviceHardwareId::setRevision(unsigned short revision)
 
 bool CDeviceHardwareId::setPlatform(const QString& text)
 {
-    return setNumber(mPlatform, text);
+    return storeNumber(mPlatform, numberOf(text));
 }
 
 bool CDeviceHardwareId::setVersion(const QString& text)
 {
-    return setNumber(mVersion, text);
+    return storeNumber(mVersion, numberOf(text));
 }
 
 bool CDeviceHardwareId::setRevision(const QString& text)
 {
-    return setNumber(mRevision, text);
+    return storeNumber(mRevision, numberOf(text));
 }
 
 unsigned short CDeviceHardwareId::platform() const
@@ -201,7 +207,7 @@ QString CDeviceHardwareId::name() const
 
 bool CDeviceHardwareId::checkIVR(const QString& text) const
 {
-    return isNumber(text);
+    return numberOf(text) >= 0;
 }
 
 bool CDeviceHardwareId::isMinimumHardwareId() const
@@ -268,31 +274,11 @@ void CDeviceHardwareId::clear()
 
 bool CDeviceHardwareId::setHardwareId(const QString& text)
 {
-    const QString source = text; // keeps the characters when `text` belongs to this very object
-    clear();
-    if (source.isEmpty()) {
-        return true;
-    }
-    QStringView rest(source);
-    if (rest.front() != QLatin1Char('_') && NUnitClass::isNonDigit(rest.front())) {
-        mPrefix = rest.front();
-        rest = rest.mid(1);
-    }
-    for (unsigned short* field : {&mPlatform, &mVersion, &mRevision}) {
-        const QStringView part = firstPart(rest);
-        if (!setNumber(*field, part)) {
-            if (field == &mPlatform) {
-                return false;
-            }
-            break;
-        }
-        if (part.size() == rest.size()) {
-            return true;
-        }
-        rest = rest.mid(part.size() + 1);
-    }
-    mName = rest.toString();
-    return true;
+    // Into an object of its own: `text` may belong to this one.
+    CDeviceHardwareId parsed;
+    const bool ok = parsed.parse(text);
+    *this = std::move(parsed);
+    return ok;
 }
 
 bool CDeviceHardwareId::operator==(const CDeviceHardwareId& other) const
@@ -304,6 +290,34 @@ bool CDeviceHardwareId::operator==(const CDeviceHardwareId& other) const
 bool CDeviceHardwareId::operator!=(const CDeviceHardwareId& other) const
 {
     return !(*this == other);
+}
+
+bool CDeviceHardwareId::parse(QStringView text)
+{
+    if (text.isEmpty()) {
+        return true;
+    }
+    TextScanner scanner(text);
+    if (text.front() != QLatin1Char('_') && scanner.take(NUnitClass::isNonDigit, 1) == 1) {
+        mPrefix = text.front();
+    }
+    QStringView rest = scanner.rest();
+    for (unsigned short* field : {&mPlatform, &mVersion, &mRevision}) {
+        const int number = takeNumber(scanner);
+        const bool isPart = scanner.atEnd() || scanner.takeUnit('_');
+        if (!isPart || !storeNumber(*field, number)) {
+            if (field == &mPlatform) {
+                return false;
+            }
+            break;
+        }
+        rest = scanner.rest();
+    }
+    // From the first part that is no number, or behind the third.
+    if (!rest.isEmpty()) {
+        mName = rest.toString();
+    }
+    return true;
 }
 
 QString CDeviceHardwareId::form(int numbers) const

@@ -6,6 +6,7 @@
 #include <QMetaType>
 #include <QRegExp>
 #include <QString>
+#include <QStringView>
 
 class QDataStream;
 class QDebug;
@@ -138,6 +139,7 @@ public:
     bool operator!=(const CDeviceHardwareId& other) const;
 
 private:
+    bool parse(QStringView text);
     QString form(int numbers) const;
 
     QString mPrefix;

@@ -40,21 +40,26 @@ public:
 private:
     bool readPart(TextScanner& scanner)
     {
-        const QStringView digits = scanner.rest();
-        const int taken = scanner.take(NUnitClass::isHexDigit, GROUP_DIGITS);
-        int group = taken == 0 ? -1 : 0;
-        for (int i = 0; i < taken; ++i) {
-            group = group * 16 + hexValue(digits[i]);
-        }
-        mGroups[static_cast<std::size_t>(mCount)] = group;
+        int group = 0;
+        const auto addDigit = [&group](QChar unit) {
+            const int value = hexValue(unit);
+            if (value >= 0) {
+                group = group * 16 + value;
+            }
+            return value >= 0;
+        };
+        const bool any = scanner.take(addDigit, GROUP_DIGITS) > 0;
+        mGroups[static_cast<std::size_t>(mCount)] = any ? group : -1;
         ++mCount;
-        return taken > 0;
+        return any;
     }
 
-    static int hexValue(QChar digit)
+    /// -1 for what is no hexadecimal digit.
+    static int hexValue(QChar unit)
     {
-        const int unit = digit.unicode();
-        return unit <= '9' ? unit - '0' : (unit | 0x20) - 'a' + 10;
+        const unsigned int digit = unit.unicode() - unsigned('0');
+        const unsigned int letter = (unit.unicode() | 0x20U) - unsigned('a');
+        return digit < 10 ? static_cast<int>(digit) : letter < 6 ? static_cast<int>(letter) + 10 : -1;
     }
 
     int mCount = 0;
@@ -149,11 +154,12 @@ bool CIPv6Address::setAddress(const QString& text)
         return false;
     }
     // "::" is deliberately not expanded, and an empty part keeps its group: callers rely on both.
-    for (int i = 0; parts.count() == GROUPS && i < GROUPS; ++i) {
+    unsigned char* byte = mBytes.data();
+    for (int i = 0; parts.count() == GROUPS && i < GROUPS; ++i, byte += 2) {
         const int group = parts.group(i);
         if (group >= 0) {
-            (*this)[2 * i] = static_cast<unsigned char>(group & 0xFF);
-            (*this)[2 * i + 1] = static_cast<unsigned char>(group >> 8);
+            byte[0] = static_cast<unsigned char>(group & 0xFF);
+            byte[1] = static_cast<unsigned char>(group >> 8);
         }
     }
     return true;
@@ -193,11 +199,12 @@ QString CIPv6Address::str() const
 {
     QChar text[GROUPS * (GROUP_DIGITS + 1)];
     QChar* end = text;
-    for (int i = 0; i < GROUPS; ++i) {
+    const unsigned char* byte = mBytes.data();
+    for (int i = 0; i < GROUPS; ++i, byte += 2) {
         if (i > 0) {
             *end++ = QLatin1Char(':');
         }
-        end = writeGroup(end, (*this)[2 * i] | (*this)[2 * i + 1] << 8);
+        end = writeGroup(end, byte[0] | byte[1] << 8);
     }
     return QString(text, static_cast<int>(end - text));
 }

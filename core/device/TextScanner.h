@@ -33,13 +33,6 @@ inline bool isWord(QChar unit)
     return unit.isLetterOrNumber() || unit == QLatin1Char('_') || (unit.unicode() > 0x7F && unit.isMark());
 }
 
-/// "[0-9a-fA-F]".
-inline bool isHexDigit(QChar unit)
-{
-    const ushort lower = unit.unicode() | 0x20;
-    return isAsciiDigit(unit) || (lower >= 'a' && lower <= 'f');
-}
-
 } // namespace NUnitClass
 
 /**
