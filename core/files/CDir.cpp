@@ -228,11 +228,18 @@ bool CDir::copyFileF(const QString& src, const QString& dst)
 
 bool CDir::copyDirectoryRecursive(const QString& src, const QString& dst)
 {
+    return copyDirectoryRecursive(src, dst, [](int, int) {});
+}
+
+bool CDir::copyDirectoryRecursive(const QString& src, const QString& dst,
+                                  const std::function<void(int, int)>& progress)
+{
     if (!isPath(src) || !isPath(dst) || isHiddenFromWalk(QFileInfo(src))) {
         return false;
     }
     const QFileInfoList entries = entryInfoListRecursive(src, {}, WALKED);
     const QString target = CPath::ensurePathSeparatorAtEnd(dst);
+    int done = 0;
     for (const QFileInfo& entry : entries) {
         const QString path = entry.filePath();
         const QString copy = target + getRelativeSubPath(src, path);
@@ -240,6 +247,7 @@ bool CDir::copyDirectoryRecursive(const QString& src, const QString& dst)
         if (!copied || isHiddenFromWalk(entry)) {
             return false;
         }
+        progress(++done, entries.size());
     }
     return true;
 }

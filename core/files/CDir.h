@@ -9,6 +9,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 /**
  * @brief Copies, removes, lists and trashes files and directory trees.
  *
@@ -93,6 +95,10 @@ public:
      * @return true when all is copied, also when there is nothing under `src`; `dst` is not created then
      */
     static bool copyDirectoryRecursive(const QString& src, const QString& dst);
+
+    /// The same, and calls `progress` behind every entry with the number of entries copied and of all.
+    static bool copyDirectoryRecursive(const QString& src, const QString& dst,
+                                       const std::function<void(int done, int total)>& progress);
 
     /**
      * @brief `path` as seen from the directory `basePath`; empty when both are equal.

@@ -2,7 +2,7 @@
 
 #include <tests/support/FileTree.h>
 #include <tests/support/MessageLog.h>
-#include <tests/support/OutputCapture.h>
+#include <tools/tlx/OutputCapture.h>
 
 #include <QtTest>
 
@@ -19,7 +19,7 @@ struct SRun
 template <typename Work>
 SRun run(Work work)
 {
-    const OutputCapture capture;
+    const COutputCapture capture;
     const bool result = work();
     return {result, capture.text()};
 }

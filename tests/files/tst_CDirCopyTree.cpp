@@ -2,7 +2,7 @@
 
 #include <tests/support/FileTree.h>
 #include <tests/support/MessageLog.h>
-#include <tests/support/OutputCapture.h>
+#include <tools/tlx/OutputCapture.h>
 
 #include <QtTest>
 
@@ -12,7 +12,7 @@ const QString WITH_ZERO = "a"_text + QChar(QChar::Null);
 
 bool copied(const FileTree& tree, const QString& from, const QString& to)
 {
-    const OutputCapture capture;
+    const COutputCapture capture;
     return CDir::copyDirectoryRecursive(tree.path(from), tree.path(to));
 }
 
@@ -25,6 +25,7 @@ class tst_CDirCopyTree : public QObject
 
 private Q_SLOTS:
     void copyTree();
+    void copyTreeProgress();
     void copyTreeRelative_data();
     void copyTreeRelative();
     void copyTreeIntoItself();
@@ -49,6 +50,23 @@ void tst_CDirCopyTree::copyTree()
     QVERIFY(CDir::copyDirectoryRecursive(tree.path("source/"_text), tree.path("with separators/"_text)));
     QCOMPARE(tree.entries("with separators"_text), copied);
     QCOMPARE(tree.entries("source"_text), before);
+}
+
+void tst_CDirCopyTree::copyTreeProgress()
+{
+    const FileTree tree({"source/a=1"_text, "source/sub/b=2"_text, "source/.hidden=3"_text,
+                         "blocked/a=4"_text, "empty/"_text});
+    QStringList calls;
+    const auto record = [&](int done, int total) { calls << "%1/%2"_text.arg(done).arg(total); };
+    const COutputCapture capture;
+
+    QVERIFY(CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("copy"_text), record));
+    QCOMPARE(calls, QStringList({"1/3"_text, "2/3"_text, "3/3"_text}));
+    calls.clear();
+    QVERIFY(CDir::copyDirectoryRecursive(tree.path("empty"_text), tree.path("none"_text), record));
+    QCOMPARE(calls, QStringList());
+    QVERIFY(!CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("blocked"_text), record));
+    QVERIFY(calls.size() < 3);
 }
 
 void tst_CDirCopyTree::copyTreeRelative_data()
@@ -118,7 +136,7 @@ void tst_CDirCopyTree::copyTreeStops()
     const FileTree tree({"source/a=new"_text, "copy/a=old"_text});
 
     {
-        const OutputCapture capture;
+        const COutputCapture capture;
         QVERIFY(!CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("copy"_text)));
         QCOMPARE(capture.text(), "\nCDir::copyFile unable to copy " + tree.path("copy/a"_text).toLocal8Bit());
     }

@@ -2,7 +2,7 @@
 
 #include <tests/support/FileTree.h>
 #include <tests/support/OtherProcess.h>
-#include <tests/support/OutputCapture.h>
+#include <tools/tlx/OutputCapture.h>
 
 #include <QtTest>
 
@@ -66,7 +66,7 @@ void tst_CDirFailures::removeFileInReadOnlyDirectory()
 
     VERIFY_OTHER_PROCESS(asOrdinaryUser([&] { return !CDir::removeFile(file); }));
     VERIFY_OTHER_PROCESS(asOrdinaryUser([&] {
-        const OutputCapture capture;
+        const COutputCapture capture;
         return !CDir::removeFileOrDirectory(file)
                && capture.text() == "\n CDir::removeFileOrDirectory: unable to remove " + file.toLocal8Bit();
     }));
@@ -81,7 +81,7 @@ void tst_CDirFailures::copyIntoReadOnlyDirectory()
     const QString source = tree.path("source"_text);
 
     VERIFY_OTHER_PROCESS(asOrdinaryUser([&] {
-        const OutputCapture capture;
+        const COutputCapture capture;
         return !CDir::copyFile(source, tree.path("locked/g"_text))
                && !CDir::copyDirectory(QString(), tree.path("locked/d"_text));
     }));
@@ -130,7 +130,7 @@ void tst_CDirFailures::copyToFullDisk()
     file.close();
 
     VERIFY_OTHER_PROCESS(withFileSizeLimit(100000, [&] {
-        const OutputCapture capture;
+        const COutputCapture capture;
         return !CDir::copyFile(file.fileName(), tree.path("copy/new"_text));
     }));
     QCOMPARE(tree.entries("copy"_text), QStringList{"old=2"_text}); // nothing half-written

@@ -1,7 +1,7 @@
 #include <core/files/CDir.h>
 
 #include <tests/support/FileTree.h>
-#include <tests/support/OutputCapture.h>
+#include <tools/tlx/OutputCapture.h>
 
 #include <QtTest>
 
@@ -162,7 +162,7 @@ void tst_CDirLinks::copyFileOntoLink()
     QFETCH(QString, target);
     const FileTree tree(OUTSIDE + QStringList{"link->"_text + target, "source=new"_text});
     const QStringList before = tree.entries();
-    const OutputCapture capture;
+    const COutputCapture capture;
 
     QVERIFY(!CDir::copyFile(tree.path("source"_text), tree.path("link"_text)));
     QCOMPARE(tree.entries(), before);
@@ -184,7 +184,7 @@ void tst_CDirLinks::copyFileOfPipe()
     const FileTree tree({"to-pipe->pipe"_text, "to-zero->/dev/zero"_text, "to-directory->."_text});
     makePipe(tree.path("pipe"_text));
     const QStringList before = tree.entries();
-    const OutputCapture capture;
+    const COutputCapture capture;
 
     QVERIFY(!CDir::copyFile(tree.path(source), tree.path("copy"_text)));
     QVERIFY(!CDir::copyFileF(tree.path(source), tree.path("copy"_text)));
@@ -278,7 +278,7 @@ void tst_CDirLinks::copyTree()
 void tst_CDirLinks::copyTreeWithDevice()
 {
     const FileTree tree({"source/zero->/dev/zero"_text});
-    const OutputCapture capture;
+    const COutputCapture capture;
 
     QVERIFY(!CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("copy"_text)));
     QCOMPARE(capture.text(), "\nCDir::copyFile unable to copy " + tree.path("copy/zero"_text).toLocal8Bit());

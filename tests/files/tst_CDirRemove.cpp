@@ -2,7 +2,7 @@
 
 #include <tests/support/FileTree.h>
 #include <tests/support/MessageLog.h>
-#include <tests/support/OutputCapture.h>
+#include <tools/tlx/OutputCapture.h>
 
 #include <QtTest>
 
@@ -256,7 +256,7 @@ void tst_CDirRemove::removeFileOrDirectory()
     bool done = false;
     QByteArray output;
     {
-        const OutputCapture capture;
+        const COutputCapture capture;
         done = CDir::removeFileOrDirectory(tree.path(name));
         output = capture.text();
     }
@@ -274,7 +274,7 @@ void tst_CDirRemove::removeFileOrDirectoryEmptyPath()
     bool done = true;
     QByteArray output;
     {
-        const OutputCapture capture;
+        const COutputCapture capture;
         done = CDir::removeFileOrDirectory(QString());
         output = capture.text();
     }
@@ -286,7 +286,7 @@ void tst_CDirRemove::removeFileOrDirectoryEmptyPath()
 void tst_CDirRemove::removeFileOrDirectoryOfZero()
 {
     const FileTree tree({"file=1"_text});
-    const OutputCapture capture;
+    const COutputCapture capture;
 
     QVERIFY(!CDir::removeFileOrDirectory(tree.path(WITH_ZERO)));
     QCOMPARE(tree.entries(), QStringList{"file=1"_text});
@@ -299,7 +299,7 @@ void tst_CDirRemove::removeFileOrDirectoryIsRelativeToTemporary()
     const InDirectory inside(tree.path("current"_text));
     const WithVariable unixName("TMPDIR", tree.path("temporary"_text));
     const WithVariable windowsName("TMP", tree.path("temporary"_text));
-    const OutputCapture capture;
+    const COutputCapture capture;
 
     QVERIFY(CDir::removeFileOrDirectory("file"_text));
     QCOMPARE(capture.text(), QByteArray());
@@ -312,7 +312,7 @@ void tst_CDirRemove::removeFileOrDirectoryIsRelativeToTemporary()
 void tst_CDirRemove::removeFilesByPathList()
 {
     const FileTree tree({"a=1"_text, "full/f=2"_text, "b=3"_text, "empty/"_text, "stays=4"_text});
-    const OutputCapture capture;
+    const COutputCapture capture;
 
     QVERIFY(!CDir::removeFilesByPathList(
         {tree.path("a"_text), tree.path("full"_text), tree.path("b"_text), tree.path("empty"_text)}));
