@@ -35,6 +35,14 @@ const QList<SCommand>& commands()
          "tlx totp make --key-file key --digits 8", addTotpOptions, runTotp},
         {"bench-ticks", "", "Calibrates the tick stopwatch and shows its resolution.",
          "tlx bench-ticks --json", nullptr, runBenchTicks},
+        {"tree", "DIRECTORY", "Lists a directory tree, hidden entries too; links are not followed.",
+         "tlx tree --files etc", addTreeOptions, runTree},
+        {"copy", "SOURCE DESTINATION", "Copies a file, or everything under a directory.",
+         "tlx copy --force new.img etc/image/drive.img", addCopyOptions, runCopy},
+        {"trash", "PATH...", "Moves files and directories to the recycle bin, without asking.",
+         "tlx trash old.log", nullptr, runTrash},
+        {"entry", "PATH...", "Shows to which entry point of a drive's file transfer a path belongs.",
+         "tlx entry /opt/TARVENIK/etc/conf/drive.ini", nullptr, runEntry},
     };
     return table;
 }

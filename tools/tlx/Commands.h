@@ -22,6 +22,12 @@ void addTarOptions(QCommandLineParser& parser);
 int runTotp(const QCommandLineParser& parser, CReport& report);
 void addTotpOptions(QCommandLineParser& parser);
 int runBenchTicks(const QCommandLineParser& parser, CReport& report);
+void addTreeOptions(QCommandLineParser& parser);
+int runTree(const QCommandLineParser& parser, CReport& report);
+void addCopyOptions(QCommandLineParser& parser);
+int runCopy(const QCommandLineParser& parser, CReport& report);
+int runTrash(const QCommandLineParser& parser, CReport& report);
+int runEntry(const QCommandLineParser& parser, CReport& report);
 
 void addPathsOptions(QCommandLineParser& parser);
 void addStartOptions(QCommandLineParser& parser);
