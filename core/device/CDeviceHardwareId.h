@@ -135,6 +135,7 @@ public:
      */
     bool setHardwareId(const QString& text);
 
+    /// Compares all five fields.
     bool operator==(const CDeviceHardwareId& other) const;
     bool operator!=(const CDeviceHardwareId& other) const;
 

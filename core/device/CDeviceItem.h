@@ -56,16 +56,16 @@ public:
     bool operator!=(const CDeviceItem& other) const;
 
     unsigned int number = 0; ///< Device number; set to the key where the item is added to a list.
-    QString name;
-    EHostAddrType hostAddrType = HOST_ADDR_NONE;
-    QHostAddress hostAddress;
-    unsigned short port = 0; ///< 0: not set.
-    QString extraText;
-    QString extraText2;
-    bool flag1 = false;
-    bool flag2 = false;
-    qint32 value1 = 0;
-    qint32 value2 = 0;                              ///< 0: the item is not valid.
+    QString name;            ///< Device name.
+    EHostAddrType hostAddrType = HOST_ADDR_NONE; ///< Kind of address; not valid while it is not set.
+    QHostAddress hostAddress;                    ///< Null: not set.
+    unsigned short port = 0;                     ///< 0: not set.
+    QString extraText;  ///< Of the tools' own meaning, as the four fields that follow.
+    QString extraText2; ///< See extraText.
+    bool flag1 = false; ///< See extraText.
+    bool flag2 = false; ///< See extraText.
+    qint32 value1 = 0;  ///< See extraText.
+    qint32 value2 = 0;  ///< 0: the item is not valid.
     QMap<unsigned char, CSubDeviceItem> subDevices; ///< By number, ascending.
 
 private:

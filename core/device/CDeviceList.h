@@ -72,8 +72,8 @@ public:
     bool operator==(const CDeviceList& other) const;
     bool operator!=(const CDeviceList& other) const;
 
-    QString name;
-    ESourceType sourceType = SOURCE_NONE;
+    QString name;                            ///< List name.
+    ESourceType sourceType = SOURCE_NONE;    ///< Where the list came from.
     QMap<unsigned int, CDeviceItem> devices; ///< By number, ascending.
 };
 

@@ -75,6 +75,7 @@ public:
     /// With the flag, only an empty text or a single digit is a number.
     bool setNumber(const QString& number);
 
+    /// The text stored.
     QString manufacturer() const;
     QString name() const;
     /// The number's text, "0" when it is empty.

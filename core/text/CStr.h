@@ -48,7 +48,6 @@ public:
      *
      * @param s The text.
      * @param out Receives the number; untouched on failure.
-     * @param base 0 or 2 to 36.
      * @return Whether the text is such a number.
      */
     static bool strToU8(const QString& s, unsigned char& out, int base);
@@ -72,7 +71,6 @@ public:
      *
      * @param s The text.
      * @param ok When not null, receives whether the text is such a number.
-     * @param base 0 or 2 to 36.
      * @return 0 on failure.
      */
     static unsigned char strToU8(const QString& s, bool* ok, int base);
@@ -96,7 +94,6 @@ public:
      *
      * @param fallback What is returned when the text is no such number.
      * @param s The text.
-     * @param base 0 or 2 to 36.
      */
     static unsigned char strToU8(unsigned char fallback, const QString& s, int base);
     static unsigned short strToU16(unsigned short fallback, const QString& s, int base);

@@ -64,6 +64,7 @@ public:
     /// The duration as a count of `target`, rounded half away from zero; the count itself in the unit held.
     unsigned long long value(ETimeUnit target) const;
 
+    /// The unit held.
     ETimeUnit unit() const;
 
     /// Sets the count, the unit (the count stays as it is), or both.
