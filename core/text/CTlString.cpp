@@ -5,6 +5,8 @@
 
 #include <QDebug>
 
+#include <algorithm>
+
 using namespace NNumberText;
 
 namespace {
@@ -65,25 +67,19 @@ QString fixedPointText(Wide value, SFormatValue format)
     return text;
 }
 
-QString groupedBits(quint64 bits, int width, unsigned int base)
-{
-    QString text;
-    append(text, bits, false, width, base, u'0');
-    return CTlString::insertPointSeparator(text.right(width));
-}
-
 template <typename Wide>
 QString bitsText(Wide value, SFormatValue format, int bitsPerDigit)
 {
-    const unsigned int base = 1U << bitsPerDigit;
-    const int digits = format.fractionDigits;
-    if (digits <= 0) {
-        return groupedBits(static_cast<quint64>(value), format.width, base);
-    }
+    QString text;
+    const int digits = std::max<int>(format.fractionDigits, 0);
     const int shift = digits * bitsPerDigit;
-    const quint64 fraction = static_cast<quint64>(value) & ~shifted(~Q_UINT64_C(0), -shift);
-    return groupedBits(static_cast<quint64>(shifted(value, shift)), format.width - digits, base)
-           + QLatin1Char(':') + groupedBits(fraction, digits, base);
+    appendBits(text, static_cast<quint64>(shifted(value, shift)), format.width - digits, bitsPerDigit);
+    if (digits > 0) {
+        text += QLatin1Char(':');
+        const quint64 fraction = static_cast<quint64>(value) & ~shifted(~Q_UINT64_C(0), -shift);
+        appendBits(text, fraction, digits, bitsPerDigit);
+    }
+    return text;
 }
 
 template <typename Wide>

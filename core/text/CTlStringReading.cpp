@@ -4,18 +4,27 @@
 #include <core/text/NumberText.h>
 #include <core/types/FloatToInteger.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 using SFormatValue = CTlString::SFormatValue;
 
+bool isSeparator(QChar unit)
+{
+    return unit == QLatin1Char('.') || unit == QLatin1Char(':');
+}
+
 QString withoutSeparators(const QString& text)
 {
+    if (std::none_of(text.begin(), text.end(), isSeparator)) {
+        return text;
+    }
     QString digits;
     digits.reserve(text.size());
     for (const QChar unit : text) {
-        if (unit != QLatin1Char('.') && unit != QLatin1Char(':')) {
+        if (!isSeparator(unit)) {
             digits += unit;
         }
     }

@@ -6,51 +6,85 @@ namespace NCrc32 {
 
 namespace {
 
-constexpr int SLICES = 16;
+constexpr int WORD = 8; // bytes of a word
+constexpr int BRAIDS =
+    5; // words of a block, each with a register of its own, so that none waits for the others
 
-using Table = std::array<std::array<quint32, 256>, SLICES>;
+using Slice = std::array<quint32, 256>;
+using Table = std::array<Slice, WORD>;
 
-// Row k holds the registers that a byte leaves behind when k zero bytes follow it.
-constexpr Table makeTable()
+constexpr Slice makeSlice()
 {
-    Table table{};
+    Slice slice{};
     for (quint32 byte = 0; byte < 256; ++byte) {
         quint32 crc = byte;
         for (int bit = 0; bit < 8; ++bit) {
             crc = (crc >> 1) ^ ((crc & 1U) ? POLYNOMIAL : 0U);
         }
-        table[0][byte] = crc;
+        slice[byte] = crc;
     }
-    for (std::size_t slice = 1; slice < SLICES; ++slice) {
-        for (std::size_t byte = 0; byte < 256; ++byte) {
-            const quint32 before = table[slice - 1][byte];
-            table[slice][byte] = (before >> 8) ^ table[0][before & 0xFFU];
+    return slice;
+}
+
+constexpr Slice BYTE_SLICE = makeSlice();
+
+// Row k holds the registers that a byte leaves behind when k + `more` zero bytes follow it.
+constexpr Table makeTable(int more)
+{
+    Table table{};
+    for (std::size_t byte = 0; byte < 256; ++byte) {
+        quint32 crc = BYTE_SLICE[byte];
+        for (int zeros = 0; zeros < WORD + more; ++zeros) {
+            if (zeros >= more) {
+                table[static_cast<std::size_t>(zeros - more)][byte] = crc;
+            }
+            crc = (crc >> 8) ^ BYTE_SLICE[crc & 0xFFU];
         }
     }
     return table;
 }
 
-constexpr Table TABLE = makeTable();
+constexpr Table WORD_TABLE = makeTable(0);
+constexpr Table BLOCK_TABLE = makeTable((BRAIDS - 1) * WORD);
 
-// The four bytes of a little-endian word, of which the last is followed by `slice` further bytes of the step.
-inline quint32 ofWord(quint32 word, std::size_t slice)
+// The register that a little-endian word leaves behind.
+inline quint32 ofWord(const Table& table, quint64 word)
 {
-    return TABLE[slice + 3][word & 0xFFU] ^ TABLE[slice + 2][(word >> 8) & 0xFFU]
-           ^ TABLE[slice + 1][(word >> 16) & 0xFFU] ^ TABLE[slice][word >> 24];
+    const auto low = static_cast<quint32>(word);
+    const auto high = static_cast<quint32>(word >> 32);
+    return table[7][low & 0xFFU] ^ table[6][(low >> 8) & 0xFFU] ^ table[5][(low >> 16) & 0xFFU]
+           ^ table[4][low >> 24] ^ table[3][high & 0xFFU] ^ table[2][(high >> 8) & 0xFFU]
+           ^ table[1][(high >> 16) & 0xFFU] ^ table[0][high >> 24];
+}
+
+inline quint32 nextWord(quint32 crc, const uchar* data)
+{
+    return ofWord(WORD_TABLE, qFromLittleEndian<quint64>(data) ^ crc);
 }
 
 } // namespace
 
 quint32 updatePortable(quint32 crc, const uchar* data, std::size_t length)
 {
-    for (; length >= SLICES; data += SLICES, length -= SLICES) {
-        crc = ofWord(qFromLittleEndian<quint32>(data) ^ crc, 12)
-              ^ ofWord(qFromLittleEndian<quint32>(data + 4), 8)
-              ^ ofWord(qFromLittleEndian<quint32>(data + 8), 4)
-              ^ ofWord(qFromLittleEndian<quint32>(data + 12), 0);
+    constexpr std::size_t BLOCK = BRAIDS * WORD;
+    if (length >= 2 * BLOCK) {
+        quint32 braids[BRAIDS] = {crc};
+        for (; length >= 2 * BLOCK; data += BLOCK, length -= BLOCK) {
+            for (int i = 0; i < BRAIDS; ++i) {
+                braids[i] = ofWord(BLOCK_TABLE, qFromLittleEndian<quint64>(data + i * WORD) ^ braids[i]);
+            }
+        }
+        // The last block brings them together.
+        crc = 0;
+        for (int i = 0; i < BRAIDS; ++i, data += WORD, length -= WORD) {
+            crc = nextWord(crc ^ braids[i], data);
+        }
+    }
+    for (; length >= WORD; data += WORD, length -= WORD) {
+        crc = nextWord(crc, data);
     }
     for (; length > 0; ++data, --length) {
-        crc = (crc >> 8) ^ TABLE[0][(crc ^ *data) & 0xFFU];
+        crc = (crc >> 8) ^ WORD_TABLE[0][(crc ^ *data) & 0xFFU];
     }
     return crc;
 }

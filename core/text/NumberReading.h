@@ -42,7 +42,8 @@ inline bool isBase(int base)
 inline qint64 readSigned(const QString& text, int base, bool& ok)
 {
     quint64 plain = 0;
-    ok = plainDigits(text, base, plain);
+    const bool isDecimal = base == 0 && !text.startsWith(QLatin1Char('0'));
+    ok = plainDigits(text, isDecimal ? 10 : base, plain);
     if (ok) {
         return static_cast<qint64>(plain);
     }
@@ -64,6 +65,11 @@ inline quint64 readUnsigned(const QString& text, int base, bool& ok)
 /// A double; Qt hands back infinity for what is too large, which is 0 here as every failure.
 inline double readDouble(const QString& text, bool& ok)
 {
+    quint64 plain = 0;
+    ok = plainDigits(text, 10, plain);
+    if (ok) {
+        return static_cast<double>(plain);
+    }
     const double value = text.toDouble(&ok);
     return ok ? value : 0.0;
 }
