@@ -38,5 +38,9 @@
         <source>ERROR: %1 bytes read but %2 are expected !</source>
         <translation>FEHLER: %1 Bytes gelesen, aber %2 werden erwartet !</translation>
     </message>
+    <message>
+        <source>ERROR : This is not a regular file !</source>
+        <translation>FEHLER : Dies ist keine normale Datei !</translation>
+    </message>
 </context>
 </TS>

@@ -38,5 +38,9 @@
         <source>ERROR: %1 bytes read but %2 are expected !</source>
         <translation>Error: %1 bytes read, but %2 are expected.</translation>
     </message>
+    <message>
+        <source>ERROR : This is not a regular file !</source>
+        <translation>Error: this is not a regular file.</translation>
+    </message>
 </context>
 </TS>
