@@ -32,22 +32,59 @@ Q_ALWAYS_INLINE bool equalUnits(const unsigned short* left, const unsigned short
     return difference == 0;
 }
 
+// The units with the bytes of each one the other way round; `to` may be `from`.
+Q_ALWAYS_INLINE void swapUnits(const unsigned short* from, unsigned short* to, int units)
+{
+    for (int i = 0; i < units; ++i) {
+        to[i] = qbswap(from[i]);
+    }
+}
+
 #if defined(Q_PROCESSOR_X86_64) && defined(Q_CC_GNU)
-__attribute__((target("avx2"))) bool equal128Wide(const unsigned short* left, const unsigned short* right)
+#define TLX_TARGET_AVX2 __attribute__((target("avx2")))
+
+bool hasAvx2()
+{
+    return __builtin_cpu_supports("avx2");
+}
+#else
+#define TLX_TARGET_AVX2
+
+constexpr bool hasAvx2()
+{
+    return false;
+}
+#endif
+
+TLX_TARGET_AVX2 bool equal128Avx2(const unsigned short* left, const unsigned short* right)
 {
     return equalUnits<MAX_UNITS>(left, right);
 }
 
+TLX_TARGET_AVX2 void swapUnitsAvx2(const unsigned short* from, unsigned short* to, int units)
+{
+    swapUnits(from, to, units);
+}
+
+#undef TLX_TARGET_AVX2
+
 bool equal128(const unsigned short* left, const unsigned short* right)
 {
-    return __builtin_cpu_supports("avx2") ? equal128Wide(left, right) : equalUnits<MAX_UNITS>(left, right);
+    return hasAvx2() ? equal128Avx2(left, right) : equalUnits<MAX_UNITS>(left, right);
 }
-#else
-bool equal128(const unsigned short* left, const unsigned short* right)
+
+// From the machine's byte order to the stream's, or back.
+void convert(const unsigned short* from, unsigned short* to, int units, const QDataStream& stream)
 {
-    return equalUnits<MAX_UNITS>(left, right);
+    const bool swaps = (stream.byteOrder() == QDataStream::BigEndian) == (Q_BYTE_ORDER == Q_LITTLE_ENDIAN);
+    if (!swaps) {
+        std::memmove(to, from, static_cast<std::size_t>(units) * sizeof(*to));
+    } else if (hasAvx2()) {
+        swapUnitsAvx2(from, to, units);
+    } else {
+        swapUnits(from, to, units);
+    }
 }
-#endif
 
 int byteCount(int units)
 {
@@ -80,28 +117,20 @@ void write(QDataStream& stream, const unsigned short* data, int units)
     if (!stream.device()) {
         return;
     }
-    unsigned short swapped[MAX_UNITS];
-    if (stream.byteOrder() == QDataStream::BigEndian) {
-        qToBigEndian<quint16>(data, units, swapped);
-    } else {
-        qToLittleEndian<quint16>(data, units, swapped);
-    }
-    if (stream.writeRawData(reinterpret_cast<const char*>(swapped), byteCount(units)) != byteCount(units)) {
+    unsigned short converted[MAX_UNITS];
+    convert(data, converted, units, stream);
+    if (stream.writeRawData(reinterpret_cast<const char*>(converted), byteCount(units)) != byteCount(units)) {
         stream.setStatus(QDataStream::WriteFailed);
     }
 }
 
 void read(QDataStream& stream, unsigned short* data, int units)
 {
-    unsigned short raw[MAX_UNITS];
-    const int count = stream.readRawData(reinterpret_cast<char*>(raw), byteCount(units));
-    const int complete = std::max(count, 0) / byteCount(1);
-    if (stream.byteOrder() == QDataStream::BigEndian) {
-        qFromBigEndian<quint16>(raw, complete, data);
-    } else {
-        qFromLittleEndian<quint16>(raw, complete, data);
+    const int count = stream.readRawData(reinterpret_cast<char*>(data), byteCount(units));
+    if (Q_UNLIKELY(count != byteCount(units))) {
+        std::fill(data + std::max(count, 0) / byteCount(1), data + units, static_cast<unsigned short>(0));
     }
-    std::fill(data + complete, data + units, static_cast<unsigned short>(0));
+    convert(data, data, units, stream);
 }
 
 uint hash(const unsigned short* data, int units, uint seed)
