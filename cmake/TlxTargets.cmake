@@ -76,7 +76,8 @@ function(tlx_add_test name)
     tlx_configure_target(${name})
     target_link_libraries(${name} PRIVATE tlxCore tlxTestSupport Qt5::Test ${arg_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+    # Wine takes several times as long for files and processes.
+    set_tests_properties(${name} PROPERTIES TIMEOUT $<IF:$<BOOL:${CMAKE_CROSSCOMPILING}>,1200,300>)
 endfunction()
 
 # One Google Benchmark program; PEERS are the libraries that it measures beside ours.

@@ -36,7 +36,7 @@ private Q_SLOTS:
     void readFileHeaderAtZeroBlock();
     void readFileHeaderFails_data();
     void readFileHeaderFails();
-    void millionMembersOfOneName();
+    void manyMembersOfOneName();
     void translated();
 };
 
@@ -374,17 +374,22 @@ void tst_CTar::readFileHeaderFails()
     QCOMPARE(log.messages(), QStringList());
 }
 
-void tst_CTar::millionMembersOfOneName()
+void tst_CTar::manyMembersOfOneName()
 {
+#ifdef Q_OS_WIN
+    const int members = 10000; // each header read alone is several system calls, which take their time under Wine
+#else
+    const int members = 1000000;
+#endif
     const QTemporaryDir dir;
     CTar tar;
     QVERIFY(tar.loadFile(writeFile(dir, QStringLiteral("x.tar"), tarFile("same", 0) + tarEnd())));
     bool end = false;
-    for (int i = 1; i < 1000000; ++i) {
+    for (int i = 1; i < members; ++i) {
         qint64 pos = 0;
         QVERIFY(tar.readFileHeader(pos, end));
     }
-    QCOMPARE(tar.count(), 1000000);
+    QCOMPARE(tar.count(), members);
     QCOMPARE(tar.index(QStringLiteral("same")), 0);
     QCOMPARE(tar.index(QStringLiteral("other")), -1);
 }

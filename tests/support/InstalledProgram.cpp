@@ -35,7 +35,12 @@ QMap<QString, QString> InstalledProgram::run(const QStringList& arguments, const
         variables.remove(name);
     }
     process.setProcessEnvironment(variables);
+#ifdef Q_OS_WIN
+    // A console host may outlive the program and hold its working directory, which then could not be removed.
+    process.setWorkingDirectory(QDir::tempPath());
+#else
     process.setWorkingDirectory(home());
+#endif
     process.start(mProgram, arguments);
     QMap<QString, QString> answers;
     if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit
