@@ -15,7 +15,7 @@ std::wstring longPath(const QString& path)
 {
     const QString native = QDir::toNativeSeparators(path);
     const bool isOnDrive = native.size() > 1 && native.at(1) == QLatin1Char(':');
-    return ((isOnDrive ? QStringLiteral("\\\\?\\") : QString()) + native).toStdWString();
+    return (isOnDrive ? L"\\\\?\\" : L"") + native.toStdWString();
 }
 
 } // namespace
