@@ -14,9 +14,9 @@ namespace {
 QString linkTarget(const QString& path)
 {
 #ifdef Q_OS_UNIX
-    QByteArray target(4096, '\0');
-    const auto size = readlink(QFile::encodeName(path).constData(), target.data(), 4096);
-    return QFile::decodeName(target.left(static_cast<int>(size)));
+    char target[4096];
+    const auto size = readlink(QFile::encodeName(path).constData(), target, sizeof(target));
+    return size < 0 ? QString() : QFile::decodeName(QByteArray(target, static_cast<int>(size)));
 #else
     return QFile::symLinkTarget(path);
 #endif
