@@ -24,6 +24,14 @@ QTime timeOf(const NTypes::tsTime& time)
     return QTime(time.hour, time.minute, time.second, time.hundredths * MS_PER_HUNDREDTH);
 }
 
+// Qt has no offset and no zone to go with these two, and takes UTC and local time. A QDateTime with a date takes
+// midnight for a time that is none: without a date it stays not valid.
+QDateTime dateTimeOf(const QDate& date, const QTime& time, Qt::TimeSpec spec)
+{
+    const bool utc = spec == Qt::UTC || spec == Qt::OffsetFromUTC;
+    return QDateTime(time.isValid() ? date : QDate(), time, utc ? Qt::UTC : Qt::LocalTime);
+}
+
 } // namespace
 
 CDateTime::CDateTime() = default;
@@ -33,16 +41,12 @@ CDateTime::CDateTime(const QDateTime& dateTime)
 {}
 
 CDateTime::CDateTime(const long long& packed, Qt::TimeSpec spec)
-{
-    setTimeSpec(spec);
-    *this = packed;
-}
+    : CDateTime(NTypes::unpackDateTime(packed), spec)
+{}
 
 CDateTime::CDateTime(const NTypes::tsDateTime& record, Qt::TimeSpec spec)
-{
-    setTimeSpec(spec);
-    *this = record;
-}
+    : mDateTime(dateTimeOf(dateOf(record.date), timeOf(record.time), spec))
+{}
 
 CDateTime::~CDateTime() = default;
 
@@ -72,7 +76,6 @@ void CDateTime::setTime(const NTypes::tsTime& time)
 {
     const QTime value = timeOf(time);
     if (!value.isValid()) {
-        // A QDateTime with a date takes midnight for a time that is none: without a date it stays not valid.
         mDateTime.setDate(QDate());
     }
     mDateTime.setTime(value);
@@ -174,9 +177,9 @@ bool CDateTime::operator>=(const CDateTime& other) const
 void CDateTime::setFields(const QDate& date, const QTime& time)
 {
     const Qt::TimeSpec spec = mDateTime.timeSpec();
-    if (time.isValid() && (spec == Qt::LocalTime || spec == Qt::UTC)) {
+    if (spec == Qt::LocalTime || spec == Qt::UTC) {
         // One look into the time zone instead of the two that setDate() and setTime() take.
-        mDateTime = QDateTime(date, time, spec);
+        mDateTime = dateTimeOf(date, time, spec);
         return;
     }
     mDateTime.setDate(time.isValid() ? date : QDate());

@@ -187,16 +187,14 @@ bool CVariant::operator>(const CVariant& other) const
 
 QDataStream& operator<<(QDataStream& stream, const CVariant& value)
 {
-    NTypes::metaTypes();
-    return stream << value.mValue << static_cast<qint32>(value.mType);
+    NVariantStream::write(stream, value.mValue, static_cast<qint32>(value.mType));
+    return stream;
 }
 
 QDataStream& operator>>(QDataStream& stream, CVariant& value)
 {
     qint32 type = 0;
-    if (NVariantStream::readPayload(stream, value.mValue)) {
-        stream >> type;
-    }
+    NVariantStream::read(stream, value.mValue, type);
     value.mType = static_cast<NTypes::ETypes>(type);
     return stream;
 }

@@ -5,6 +5,7 @@
 
 #include <QDataStream>
 #include <QDateTime>
+#include <QtEndian>
 
 #include <algorithm>
 #include <cstring>
@@ -96,6 +97,83 @@ bool isPlain(quint32 type)
     }
 }
 
+// Sizes in the stream.
+constexpr int NUMBER_SIZE = 4;
+constexpr int HEAD_SIZE = NUMBER_SIZE + 1;
+constexpr int MAX_IMAGE = 8;
+constexpr int MAX_BYTES = 256;
+
+// From this version on a number in the stream is its memory image in the stream's byte order.
+bool hasImages(const QDataStream& stream)
+{
+    return stream.version() >= QDataStream::Qt_4_6;
+}
+
+int imageSize(const QDataStream& stream, quint32 type)
+{
+    if (!hasImages(stream)) {
+        return 0;
+    }
+    switch (type) {
+    case QMetaType::Char:
+    case QMetaType::UChar:
+    case QMetaType::SChar:
+        return 1;
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::QChar:
+        return 2;
+    case QMetaType::Int:
+    case QMetaType::UInt:
+        return 4;
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+        return 8;
+    case QMetaType::Float:
+        return stream.floatingPointPrecision() == QDataStream::DoublePrecision ? 8 : 4;
+    case QMetaType::Double:
+        return stream.floatingPointPrecision() == QDataStream::DoublePrecision ? 8 : 0;
+    default:
+        return 0;
+    }
+}
+
+// Turns a number's bytes from the machine's into the stream's order, or back.
+void orderImage(const QDataStream& stream, char* image, int size)
+{
+    constexpr bool LITTLE_ENDIAN_MACHINE = Q_BYTE_ORDER == Q_LITTLE_ENDIAN;
+    if ((stream.byteOrder() == QDataStream::LittleEndian) != LITTLE_ENDIAN_MACHINE) {
+        std::reverse(image, image + size);
+    }
+}
+
+template <typename Number>
+Number fromImage(const QDataStream& stream, const char* image)
+{
+    return stream.byteOrder() == QDataStream::LittleEndian ? qFromLittleEndian<Number>(image)
+                                                           : qFromBigEndian<Number>(image);
+}
+
+template <typename Number>
+void toImage(const QDataStream& stream, Number number, char* image)
+{
+    if (stream.byteOrder() == QDataStream::LittleEndian) {
+        qToLittleEndian<Number>(number, image);
+    } else {
+        qToBigEndian<Number>(number, image);
+    }
+}
+
+// Type number and null flag; gives where the value goes.
+char* writeHead(const QDataStream& stream, const QVariant& payload, char* raw)
+{
+    const quint32 type = static_cast<quint32>(payload.userType());
+    const bool extended = type >= QMetaType::VoidStar && stream.version() < QDataStream::Qt_5_0;
+    toImage(stream, extended ? type + QT4_SHIFT : type, raw);
+    raw[NUMBER_SIZE] = payload.data_ptr().is_null ? 1 : 0;
+    return raw + HEAD_SIZE;
+}
+
 // Reads the name of a user type; its number if it is one of the library's own.
 quint32 readUserType(QDataStream& stream)
 {
@@ -160,22 +238,63 @@ bool readValue(QDataStream& stream, QVariant& payload)
     return QMetaType::load(stream, payload.userType(), value);
 }
 
-bool readChecked(QDataStream& stream, QVariant& payload)
+// Type number and null flag, in one access to the device.
+struct SHead
 {
     quint32 number = 0;
-    qint8 null = 0;
-    stream >> number;
-    quint32 type = typeNumber(number, stream.version());
-    if (stream.version() >= QDataStream::Qt_4_2) {
-        stream >> null;
+    bool null = false;
+};
+
+SHead readHead(QDataStream& stream)
+{
+    SHead head;
+    char raw[HEAD_SIZE] = {};
+    const int size = stream.version() >= QDataStream::Qt_4_2 ? HEAD_SIZE : NUMBER_SIZE;
+    if (stream.readRawData(raw, size) >= NUMBER_SIZE) {
+        head.number = fromImage<quint32>(stream, raw);
+        head.null = (raw[NUMBER_SIZE] & 1) != 0;
     }
+    return head;
+}
+
+// A number and the tag behind it, in one access to the device. What is missing is 0.
+void readImage(QDataStream& stream, quint32 type, int size, QVariant& payload, qint32& tag)
+{
+    char raw[MAX_IMAGE + NUMBER_SIZE] = {};
+    const int got = stream.readRawData(raw, size + NUMBER_SIZE);
+    if (got == size + NUMBER_SIZE) {
+        tag = fromImage<qint32>(stream, raw + size);
+    }
+    if (got < size) {
+        std::fill(raw, raw + size, '\0');
+    }
+    orderImage(stream, raw, size);
+    if (type == QMetaType::Float && size == MAX_IMAGE) {
+        double wide = 0;
+        std::memcpy(&wide, raw, sizeof(wide));
+        const float narrow = static_cast<float>(wide);
+        std::memcpy(raw, &narrow, sizeof(narrow));
+    }
+    payload = QVariant(static_cast<int>(type), raw);
+}
+
+bool readInvalid(QDataStream& stream, QVariant& payload, qint32& tag)
+{
+    payload = QVariant();
+    QString nothing;
+    if (stream.version() < QDataStream::Qt_5_0) {
+        stream >> nothing;
+    }
+    stream >> tag;
+    return true;
+}
+
+bool readChecked(QDataStream& stream, QVariant& payload, qint32& tag)
+{
+    const SHead head = readHead(stream);
+    quint32 type = typeNumber(head.number, stream.version());
     if (type == QMetaType::UnknownType) {
-        payload = QVariant();
-        QString nothing;
-        if (stream.version() < QDataStream::Qt_5_0) {
-            stream >> nothing;
-        }
-        return true;
+        return readInvalid(stream, payload, tag);
     }
     if (type == QMetaType::User) {
         type = readUserType(stream);
@@ -185,25 +304,83 @@ bool readChecked(QDataStream& stream, QVariant& payload)
     if (type == REFUSED) {
         return false;
     }
-    payload = QVariant(static_cast<int>(type), nullptr);
-    payload.data_ptr().is_null = (null & 1) != 0;
-    return readValue(stream, payload);
+    bool done = true;
+    const int size = imageSize(stream, type);
+    if (size > 0) {
+        readImage(stream, type, size, payload, tag);
+    } else {
+        payload = QVariant(static_cast<int>(type), nullptr);
+        done = readValue(stream, payload);
+        if (done) {
+            stream >> tag;
+        }
+    }
+    payload.data_ptr().is_null = head.null;
+    return done;
+}
+
+// Head, value and tag of a number in one access to the device.
+void writeImage(QDataStream& stream, const QVariant& payload, int size, qint32 tag)
+{
+    char raw[HEAD_SIZE + MAX_IMAGE + NUMBER_SIZE];
+    char* const value = writeHead(stream, payload, raw);
+    if (payload.userType() == QMetaType::Float && size == MAX_IMAGE) {
+        const double wide = static_cast<double>(*static_cast<const float*>(payload.constData()));
+        std::memcpy(value, &wide, sizeof(wide));
+    } else {
+        std::memcpy(value, payload.constData(), static_cast<std::size_t>(size));
+    }
+    orderImage(stream, value, size);
+    toImage(stream, tag, value + size);
+    stream.writeRawData(raw, HEAD_SIZE + size + NUMBER_SIZE);
+}
+
+// The same for the bytes of an 8-bit text.
+void writeBytes(QDataStream& stream, const QVariant& payload, const QByteArray& bytes, qint32 tag)
+{
+    char raw[HEAD_SIZE + NUMBER_SIZE + MAX_BYTES + NUMBER_SIZE];
+    char* const value = writeHead(stream, payload, raw);
+    toImage(stream, static_cast<qint32>(bytes.size()), value);
+    char* const end = std::copy(bytes.cbegin(), bytes.cend(), value + NUMBER_SIZE);
+    toImage(stream, tag, end);
+    stream.writeRawData(raw, static_cast<int>(end + NUMBER_SIZE - raw));
 }
 
 } // namespace
 
-bool readPayload(QDataStream& stream, QVariant& payload)
+bool read(QDataStream& stream, QVariant& payload, qint32& tag)
 {
     NTypes::metaTypes();
+    tag = 0;
     const bool wasCorrupt = stream.status() == QDataStream::ReadCorruptData;
-    const bool read = readChecked(stream, payload);
+    const bool done = readChecked(stream, payload, tag);
     // A value that Qt calls corrupt, such as half a UTF-16 unit, is refused, too.
-    if (read && (wasCorrupt || stream.status() != QDataStream::ReadCorruptData)) {
+    if (done && (wasCorrupt || stream.status() != QDataStream::ReadCorruptData)) {
         return true;
     }
     payload = QVariant();
+    tag = 0;
     stream.setStatus(QDataStream::ReadCorruptData);
     return false;
+}
+
+void write(QDataStream& stream, const QVariant& payload, qint32 tag)
+{
+    NTypes::metaTypes();
+    const int type = payload.userType();
+    const int size = imageSize(stream, static_cast<quint32>(type));
+    if (size > 0) {
+        writeImage(stream, payload, size, tag);
+        return;
+    }
+    if (type == QMetaType::QByteArray && hasImages(stream)) {
+        const QByteArray& bytes = *static_cast<const QByteArray*>(payload.constData());
+        if (!bytes.isNull() && bytes.size() <= MAX_BYTES) {
+            writeBytes(stream, payload, bytes, tag);
+            return;
+        }
+    }
+    stream << payload << tag;
 }
 
 } // namespace NVariantStream

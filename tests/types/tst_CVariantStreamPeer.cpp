@@ -1,6 +1,7 @@
 #include <core/tlxCoreQTest.h>
 #include <tests/support/MessageLog.h>
 #include <tests/support/StreamBytes.h>
+#include <tests/types/AnyVariant.h>
 
 #include <QTimeZone>
 #include <QtTest>
@@ -72,6 +73,10 @@ private Q_SLOTS:
     void initTestCase();
     void sameAsQt_data();
     void sameAsQt();
+    void writesAsQt_data();
+    void writesAsQt();
+    void singlePrecision_data();
+    void singlePrecision();
 };
 
 void tst_CVariantStreamPeer::initTestCase()
@@ -157,6 +162,57 @@ void tst_CVariantStreamPeer::sameAsQt()
             }
         }
     }
+}
+
+void tst_CVariantStreamPeer::writesAsQt_data()
+{
+    sameAsQt_data();
+}
+
+void tst_CVariantStreamPeer::writesAsQt()
+{
+    QFETCH(QVariant, payload);
+    const CVariant variant = anyVariant(payload, 6);
+
+    for (const auto version : {QDataStream::Qt_3_3, QDataStream::Qt_4_0, QDataStream::Qt_4_2,
+                               QDataStream::Qt_4_6, QDataStream::Qt_5_0, QDataStream::Qt_5_15}) {
+        for (const auto order : {QDataStream::BigEndian, QDataStream::LittleEndian}) {
+            const QByteArray expected =
+                streamed(QVariant(variant), order, version) + streamed(qint32(6), order, version);
+            QCOMPARE(streamed(variant, order, version).toHex(' '), expected.toHex(' '));
+        }
+    }
+}
+
+void tst_CVariantStreamPeer::singlePrecision_data()
+{
+    QTest::addColumn<QVariant>("payload");
+
+    QTest::newRow("float") << valueOf(0.1F);
+    QTest::newRow("double") << QVariant(0.1);
+    QTest::newRow("double beyond a float") << QVariant(1e300);
+}
+
+void tst_CVariantStreamPeer::singlePrecision()
+{
+    QFETCH(QVariant, payload);
+    const CVariant variant = anyVariant(payload, 6);
+    QByteArray bytes;
+    QByteArray expected;
+    QDataStream ours(&bytes, QIODevice::ReadWrite);
+    QDataStream qts(&expected, QIODevice::WriteOnly);
+    ours.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    qts.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    ours << variant;
+    qts << payload << qint32(6);
+
+    QCOMPARE(bytes.toHex(' '), expected.toHex(' '));
+    CVariant read;
+    ours.device()->seek(0);
+    ours >> read;
+    QCOMPARE(ours.status(), QDataStream::Ok);
+    QCOMPARE(QVariant(read).userType(), payload.userType());
+    QCOMPARE(QVariant(read).toFloat(), payload.toFloat());
 }
 
 QTEST_GUILESS_MAIN(tst_CVariantStreamPeer)
