@@ -69,6 +69,9 @@ QBitArray CVariant::toBitArray() const
                  static_cast<quint32>(mType));
         return QBitArray();
     }
+    if (Q_BYTE_ORDER == Q_LITTLE_ENDIAN && NVariantPayload::metaType(mValue) == typeInfo(mType).payload) {
+        return QBitArray::fromBits(static_cast<const char*>(NVariantPayload::data(mValue)), width);
+    }
     const quint64 value = NVariantPayload::integerBits(mValue, mType);
     char bytes[sizeof(value)];
     for (int i = 0; i < width / BITS_PER_BYTE; ++i) {

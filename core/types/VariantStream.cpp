@@ -2,6 +2,8 @@
 
 #include <core/types/DateTimeStream.h>
 #include <core/types/MetaTypes.h>
+#include <core/types/VariantPayload.h>
+#include <core/types/VariantTypeNumbers.h>
 
 #include <QDataStream>
 #include <QDateTime>
@@ -15,93 +17,18 @@
 // as its value.
 namespace NVariantStream {
 
+using NVariantPayload::data;
+using NVariantPayload::exact;
+using NVariantPayload::metaType;
+
 namespace {
-
-constexpr quint32 REFUSED = ~quint32(0);
-
-struct STypeNumbers
-{
-    quint8 old;
-    quint8 current;
-};
-
-// Numbers that Qt 3 gave to what is read here.
-constexpr STypeNumbers QT3_NUMBERS[] = {
-    {0, QMetaType::UnknownType}, {3, QMetaType::QString},   {16, QMetaType::Int},
-    {17, QMetaType::UInt},       {18, QMetaType::Bool},     {19, QMetaType::Double},
-    {26, QMetaType::QDate},      {27, QMetaType::QTime},    {28, QMetaType::QDateTime},
-    {29, QMetaType::QByteArray}, {33, QMetaType::LongLong}, {34, QMetaType::ULongLong}};
-
-// Qt 4 kept void* to signed char, which follow QUuid today, from 128 on, and user types at 127.
-constexpr quint32 QT4_USER = 127;
-constexpr quint32 QT4_FIRST_EXTENDED = 128;
-constexpr quint32 QT4_LAST_EXTENDED = 137;
-constexpr quint32 QT4_SHIFT = QT4_FIRST_EXTENDED - QMetaType::VoidStar;
-
-quint32 fromQt3(quint32 number)
-{
-    for (const STypeNumbers& row : QT3_NUMBERS) {
-        if (row.old == number) {
-            return row.current;
-        }
-    }
-    return REFUSED;
-}
-
-quint32 fromQt4(quint32 number)
-{
-    if (number == QT4_USER) {
-        return QMetaType::User;
-    }
-    if (number >= QT4_FIRST_EXTENDED && number <= QT4_LAST_EXTENDED) {
-        return number - QT4_SHIFT;
-    }
-    return number;
-}
-
-// The number that the type has today.
-quint32 typeNumber(quint32 number, int version)
-{
-    if (version < QDataStream::Qt_4_0) {
-        return fromQt3(number);
-    }
-    return version < QDataStream::Qt_5_0 ? fromQt4(number) : number;
-}
-
-bool isPlain(quint32 type)
-{
-    switch (type) {
-    case QMetaType::Bool:
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Double:
-    case QMetaType::QChar:
-    case QMetaType::QString:
-    case QMetaType::QByteArray:
-    case QMetaType::QDate:
-    case QMetaType::QTime:
-    case QMetaType::QDateTime:
-    case QMetaType::Long:
-    case QMetaType::Short:
-    case QMetaType::Char:
-    case QMetaType::ULong:
-    case QMetaType::UShort:
-    case QMetaType::UChar:
-    case QMetaType::Float:
-    case QMetaType::SChar:
-        return true;
-    default:
-        return false;
-    }
-}
 
 // Sizes in the stream.
 constexpr int NUMBER_SIZE = 4;
 constexpr int HEAD_SIZE = NUMBER_SIZE + 1;
 constexpr int MAX_IMAGE = 8;
 constexpr int MAX_BYTES = 256;
+constexpr int MAX_NAME = 32;
 
 // From this version on a number in the stream is its memory image in the stream's byte order.
 bool hasImages(const QDataStream& stream)
@@ -164,12 +91,23 @@ void toImage(const QDataStream& stream, Number number, char* image)
     }
 }
 
+bool isOwn(int type)
+{
+    const NTypes::SMetaTypes& own = NTypes::metaTypes();
+    return type == own.string32 || type == own.string64 || type == own.string128 || type == own.dateTime;
+}
+
+// The payload if it is bytes that are written at once.
+const QByteArray* shortBytes(const QDataStream& stream, const QVariant& payload)
+{
+    const QByteArray* const bytes = exact<QByteArray>(payload);
+    return bytes && hasImages(stream) && !bytes->isNull() && bytes->size() <= MAX_BYTES ? bytes : nullptr;
+}
+
 // Type number and null flag; gives where the value goes.
 char* writeHead(const QDataStream& stream, const QVariant& payload, char* raw)
 {
-    const quint32 type = static_cast<quint32>(payload.userType());
-    const bool extended = type >= QMetaType::VoidStar && stream.version() < QDataStream::Qt_5_0;
-    toImage(stream, extended ? type + QT4_SHIFT : type, raw);
+    toImage(stream, numberInStream(static_cast<quint32>(metaType(payload)), stream.version()), raw);
     raw[NUMBER_SIZE] = payload.data_ptr().is_null ? 1 : 0;
     return raw + HEAD_SIZE;
 }
@@ -177,7 +115,7 @@ char* writeHead(const QDataStream& stream, const QVariant& payload, char* raw)
 // Reads the name of a user type; its number if it is one of the library's own.
 quint32 readUserType(QDataStream& stream)
 {
-    char name[32] = {};
+    char name[MAX_NAME] = {};
     quint32 length = 0;
     stream >> length;
     if (length >= sizeof(name)) {
@@ -197,22 +135,23 @@ quint32 readUserType(QDataStream& stream)
     return REFUSED;
 }
 
-// As QByteArray's operator, which does not stop before the length leaves an int.
-bool readBytes(QDataStream& stream, QByteArray& bytes)
+// The bytes of an 8-bit text and the tag behind them, in one access to the device.
+void readShortBytes(QDataStream& stream, int size, QByteArray& bytes, qint32& tag)
 {
-    constexpr quint32 NULL_ARRAY = ~quint32(0);
-    constexpr quint32 MAX_LENGTH = 0x3FFFFFFF;
+    char raw[MAX_BYTES + NUMBER_SIZE];
+    const int got = stream.readRawData(raw, size + NUMBER_SIZE);
+    if (got >= size) {
+        bytes = size > 0 ? QByteArray(raw, size) : QByteArray("");
+    }
+    if (got == size + NUMBER_SIZE) {
+        tag = fromImage<qint32>(stream, raw + size);
+    }
+}
+
+// Longer ones, in steps: the length may lie.
+void readLongBytes(QDataStream& stream, int size, QByteArray& bytes, qint32& tag)
+{
     constexpr int STEP = 0x100000;
-    quint32 length = 0;
-    stream >> length;
-    if (length == NULL_ARRAY) {
-        return true;
-    }
-    if (length > MAX_LENGTH) {
-        return false;
-    }
-    bytes = QByteArray("");
-    const int size = static_cast<int>(length);
     while (bytes.size() < size) {
         const int before = bytes.size();
         const int count = std::min(STEP, size - before);
@@ -223,19 +162,42 @@ bool readBytes(QDataStream& stream, QByteArray& bytes)
             break;
         }
     }
+    stream >> tag;
+}
+
+// As QByteArray's operator, which does not stop before the length leaves an int.
+bool readBytes(QDataStream& stream, QByteArray& bytes, qint32& tag)
+{
+    constexpr quint32 NULL_ARRAY = ~quint32(0);
+    constexpr quint32 MAX_LENGTH = 0x3FFFFFFF;
+    quint32 length = 0;
+    stream >> length;
+    if (length == NULL_ARRAY) {
+        stream >> tag;
+    } else if (length > MAX_LENGTH) {
+        return false;
+    } else if (length <= MAX_BYTES) {
+        readShortBytes(stream, static_cast<int>(length), bytes, tag);
+    } else {
+        readLongBytes(stream, static_cast<int>(length), bytes, tag);
+    }
     return true;
 }
 
-bool readValue(QDataStream& stream, QVariant& payload)
+bool readValue(QDataStream& stream, QVariant& payload, qint32& tag)
 {
+    const int type = metaType(payload);
     void* const value = payload.data();
-    if (payload.userType() == QMetaType::QByteArray) {
-        return readBytes(stream, *static_cast<QByteArray*>(value));
+    if (type == QMetaType::QByteArray) {
+        return readBytes(stream, *static_cast<QByteArray*>(value), tag);
     }
-    if (payload.userType() == QMetaType::QDateTime) {
-        return NDateTimeStream::read(stream, *static_cast<QDateTime*>(value));
+    const bool done = type == QMetaType::QDateTime
+                          ? NDateTimeStream::read(stream, *static_cast<QDateTime*>(value))
+                          : QMetaType::load(stream, type, value);
+    if (done) {
+        stream >> tag;
     }
-    return QMetaType::load(stream, payload.userType(), value);
+    return done;
 }
 
 // Type number and null flag, in one access to the device.
@@ -278,6 +240,20 @@ void readImage(QDataStream& stream, quint32 type, int size, QVariant& payload, q
     payload = QVariant(static_cast<int>(type), raw);
 }
 
+// A value of the library's own types: head and name in one access to the device.
+void writeOwnType(QDataStream& stream, const QVariant& payload, int type, qint32 tag)
+{
+    const char* const name = QMetaType::typeName(type);
+    const int size = static_cast<int>(std::strlen(name)) + 1;
+    char raw[HEAD_SIZE + NUMBER_SIZE + MAX_NAME];
+    char* const length = writeHead(stream, payload, raw);
+    toImage(stream, size, length);
+    std::copy(name, name + size, length + NUMBER_SIZE);
+    stream.writeRawData(raw, HEAD_SIZE + NUMBER_SIZE + size);
+    QMetaType::save(stream, type, data(payload));
+    stream << tag;
+}
+
 bool readInvalid(QDataStream& stream, QVariant& payload, qint32& tag)
 {
     payload = QVariant();
@@ -310,10 +286,7 @@ bool readChecked(QDataStream& stream, QVariant& payload, qint32& tag)
         readImage(stream, type, size, payload, tag);
     } else {
         payload = QVariant(static_cast<int>(type), nullptr);
-        done = readValue(stream, payload);
-        if (done) {
-            stream >> tag;
-        }
+        done = readValue(stream, payload, tag);
     }
     payload.data_ptr().is_null = head.null;
     return done;
@@ -324,11 +297,11 @@ void writeImage(QDataStream& stream, const QVariant& payload, int size, qint32 t
 {
     char raw[HEAD_SIZE + MAX_IMAGE + NUMBER_SIZE];
     char* const value = writeHead(stream, payload, raw);
-    if (payload.userType() == QMetaType::Float && size == MAX_IMAGE) {
-        const double wide = static_cast<double>(*static_cast<const float*>(payload.constData()));
+    if (metaType(payload) == QMetaType::Float && size == MAX_IMAGE) {
+        const double wide = static_cast<double>(*static_cast<const float*>(data(payload)));
         std::memcpy(value, &wide, sizeof(wide));
     } else {
-        std::memcpy(value, payload.constData(), static_cast<std::size_t>(size));
+        std::memcpy(value, data(payload), static_cast<std::size_t>(size));
     }
     orderImage(stream, value, size);
     toImage(stream, tag, value + size);
@@ -367,20 +340,17 @@ bool read(QDataStream& stream, QVariant& payload, qint32& tag)
 void write(QDataStream& stream, const QVariant& payload, qint32 tag)
 {
     NTypes::metaTypes();
-    const int type = payload.userType();
+    const int type = metaType(payload);
     const int size = imageSize(stream, static_cast<quint32>(type));
     if (size > 0) {
         writeImage(stream, payload, size, tag);
-        return;
+    } else if (isOwn(type) && hasImages(stream)) {
+        writeOwnType(stream, payload, type, tag);
+    } else if (const QByteArray* bytes = shortBytes(stream, payload)) {
+        writeBytes(stream, payload, *bytes, tag);
+    } else {
+        stream << payload << tag;
     }
-    if (type == QMetaType::QByteArray && hasImages(stream)) {
-        const QByteArray& bytes = *static_cast<const QByteArray*>(payload.constData());
-        if (!bytes.isNull() && bytes.size() <= MAX_BYTES) {
-            writeBytes(stream, payload, bytes, tag);
-            return;
-        }
-    }
-    stream << payload << tag;
 }
 
 } // namespace NVariantStream
