@@ -72,6 +72,7 @@ constexpr quint32 numberInStream(quint32 type, int version)
     return type >= QMetaType::VoidStar ? type + QT4_SHIFT : type;
 }
 
+// Numbers, characters, texts, bytes and dates: what a variant's payload may be besides the library's own types.
 constexpr bool isPlain(quint32 type)
 {
     switch (type) {
