@@ -112,9 +112,11 @@ BENCHMARK_CAPTURE(parseAll, tlx, parse)->Name("BM_ParseHardwareId/tlx");
 BENCHMARK_CAPTURE(parseAll, QRegularExpression, parseByQt)->Name("BM_ParseHardwareId/QRegularExpression");
 BENCHMARK_CAPTURE(validateOn, tlx, 2)
     ->Name("BM_ValidateOnTwoThreads/tlx")
+    ->MeasureProcessCPUTime()
     ->UseRealTime()
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(validateOn, oneThread, 1)
     ->Name("BM_ValidateOnTwoThreads/oneThread")
+    ->MeasureProcessCPUTime()
     ->UseRealTime()
     ->Unit(benchmark::kMillisecond);
