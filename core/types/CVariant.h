@@ -321,7 +321,12 @@ public:
     bool operator==(const CVariant& other) const;
     bool operator!=(const CVariant& other) const { return !(*this == other); }
 
-    /// The left operand's type decides how both are read; what cannot be read is 0 or an empty text.
+    /**
+     * @brief Order: the left operand's type decides how both are read; what cannot be read is 0 or an empty text.
+     *
+     * Strict among variants of one type only (and without NaN): of an "I32" -1 and a "U32" 5 each is less than the
+     * other, and `a > b` is not `b < a`. `<=` and `>=` negate `>` and `<`.
+     */
     bool operator<(const CVariant& other) const;
     bool operator>(const CVariant& other) const;
     bool operator>=(const CVariant& other) const { return !(*this < other); }
@@ -361,7 +366,8 @@ private:
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CVariant& value);
 
 /// Reads payload and tag, without a check that they agree. A payload that no variant has (a container, a foreign user
-/// type) sets ReadCorruptData and leaves the variant "UNKNOWN".
+/// type) sets ReadCorruptData and leaves the variant "UNKNOWN" without payload; nothing is reserved for it. After a stream
+/// that ends early, or one whose status was bad before, the variant holds what Qt's own readers leave.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CVariant& value);
 
 /// Consistent with operator==; floats, whose comparison is fuzzy, hash by their type alone.

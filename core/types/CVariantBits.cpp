@@ -59,25 +59,31 @@ QString withBytes(const QString& prefix, const QByteArray& bytes)
     return text;
 }
 
-} // namespace
-
-QBitArray CVariant::toBitArray() const
+// The bits of a payload that is not the type's own number, or the warning of a type that has no bits.
+QBitArray bitsOfOther(const QVariant& payload, NTypes::ETypes type, int width)
 {
-    const int width = bitsOf(mType);
     if (width == 0) {
         qWarning("CVariant::toBitArray() : Data type %u is not supported in this method.",
-                 static_cast<quint32>(mType));
+                 static_cast<quint32>(type));
         return QBitArray();
     }
-    if (Q_BYTE_ORDER == Q_LITTLE_ENDIAN && NVariantPayload::metaType(mValue) == typeInfo(mType).payload) {
-        return QBitArray::fromBits(static_cast<const char*>(NVariantPayload::data(mValue)), width);
-    }
-    const quint64 value = NVariantPayload::integerBits(mValue, mType);
+    const quint64 value = NVariantPayload::integerBits(payload, type);
     char bytes[sizeof(value)];
     for (int i = 0; i < width / BITS_PER_BYTE; ++i) {
         bytes[i] = static_cast<char>(value >> (BITS_PER_BYTE * i));
     }
     return QBitArray::fromBits(bytes, width);
+}
+
+} // namespace
+
+QBitArray CVariant::toBitArray() const
+{
+    const int width = bitsOf(mType);
+    const bool isImage = Q_BYTE_ORDER == Q_LITTLE_ENDIAN && width > 0
+                         && NVariantPayload::metaType(mValue) == typeInfo(mType).payload;
+    return isImage ? QBitArray::fromBits(static_cast<const char*>(NVariantPayload::data(mValue)), width)
+                   : bitsOfOther(mValue, mType, width);
 }
 
 CVariant CVariant::fromBitArray(const QBitArray& bits, NTypes::ETypes type)
