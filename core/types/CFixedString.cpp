@@ -114,14 +114,10 @@ bool equal(const unsigned short* left, const unsigned short* right, int units)
 
 void write(QDataStream& stream, const unsigned short* data, int units)
 {
-    if (!stream.device()) {
-        return;
-    }
     unsigned short converted[MAX_UNITS];
     convert(data, converted, units, stream);
-    if (stream.writeRawData(reinterpret_cast<const char*>(converted), byteCount(units)) != byteCount(units)) {
-        stream.setStatus(QDataStream::WriteFailed);
-    }
+    stream.writeRawData(reinterpret_cast<const char*>(converted),
+                        byteCount(units)); // sets the status by itself
 }
 
 void read(QDataStream& stream, unsigned short* data, int units)
