@@ -1,0 +1,169 @@
+#!/usr/bin/env python3
+"""Uses the library as another project does: installed, found, linked, run, also after its tree was moved.
+
+usage: consumer.py --source ROOT --cmake CMAKE --generator NAME --compiler CXX {tool-start --build BUILD | static}
+"""
+import argparse
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+
+class Fault(Exception):
+    pass
+
+
+def run(*command, expect=0, **options):
+    words = [str(word) for word in command]
+    done = subprocess.run(words, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, **options)
+    if (done.returncode == 0) != (expect == 0):
+        raise Fault(f"{' '.join(words)}\nended with {done.returncode}:\n{done.stdout}")
+    return done.stdout
+
+
+def check(condition, text):
+    if not condition:
+        raise Fault(text)
+
+
+class Consumer:
+    def __init__(self, options, work):
+        self.options, self.work = options, work
+        self.environment = dict(os.environ, HOME=str(work / "home"), APPDATA=str(work / "appdata"), LC_ALL="C.UTF-8")
+        for name in ("LD_LIBRARY_PATH", "CMAKE_PREFIX_PATH", "PKG_CONFIG_PATH"):
+            self.environment.pop(name, None)
+        # The compiler's cache stays where the caller has it.
+        home = pathlib.Path(os.environ.get("HOME", work))
+        self.build_environment = dict(os.environ, CCACHE_DIR=os.environ.get("CCACHE_DIR", str(home / ".cache/ccache")))
+        (work / "home").mkdir()
+
+    def configure(self, source, build, *definitions, expect=0):
+        return run(self.options.cmake, "-S", source, "-B", build, "-G", self.options.generator,
+                   f"-DCMAKE_CXX_COMPILER={self.options.compiler}", *definitions, expect=expect,
+                   env=self.build_environment)
+
+    def build(self, build):
+        run(self.options.cmake, "--build", build, "-j", "2", env=self.build_environment)
+
+    def install(self, build, prefix):
+        run(self.options.cmake, "--install", build, "--prefix", prefix)
+
+
+def check_start(consumer, output, tool):
+    """The example's answers, started from the installation `tool`."""
+    data = consumer.work / "appdata/TARVENIK/Tollan"
+    for line in ("drive 3 at level 2, port 8000", f"product Tollan in {tool}/", f"  {tool}/etc/image/", f"  {data}/conf/",
+                 f"log: {data}/log/tool-start.log", "UNIT_U16 = 31 (2 bytes, shown as 001f)"):
+        check(line in output.splitlines(), f"not said: {line}\n{output}")
+    check("Tollan Device Explorer - TARVENIK Antriebstechnik GmbH - [ V1.0.0 - " in output, output)
+    for folder in (tool / "etc/conf", tool / "etc/image", data / "conf", data / "log"):
+        check(folder.is_dir(), f"not made: {folder}")
+
+
+def try_example(consumer, prefix, name):
+    """Finds the package below `prefix`, builds the example, installs it as a tool and starts it."""
+    build, tool = consumer.work / f"build-{name}", consumer.work / name / "Tollan"
+    consumer.configure(consumer.options.source / "examples/tool-start", build, f"-DCMAKE_PREFIX_PATH={prefix}")
+    cache = (build / "CMakeCache.txt").read_text()
+    check(f"tlxCore_DIR:PATH={prefix}" in cache, f"another package was found than that below {prefix}:\n{cache}")
+    consumer.build(build)
+    run("ctest", "--output-on-failure", "--no-tests=error", cwd=build, env=consumer.environment)
+    consumer.install(build, tool)
+    output = run(tool / "bin/tool-start", "drvadr=3", "lang=de", "level=2", "port=0x1F40", "UNIT_U16=0x1F",
+                 env=consumer.environment)
+    check_start(consumer, output, tool)
+
+
+def check_no_trace(prefix, *paths):
+    """No file that a consumer's build reads names the place where it was built or first installed."""
+    for file in list(prefix.rglob("*.cmake")) + list(prefix.rglob("*.pc")):
+        for path in paths:
+            check(str(path) not in file.read_text(), f"{file} names {path}")
+
+
+def try_versions(consumer, prefix):
+    """A tool that asks for another major version does not get this one."""
+    project = consumer.work / "version"
+    project.mkdir()
+    for version, expect in (("1.0", 0), ("2", 1), ("0.9", 1)):
+        (project / "CMakeLists.txt").write_text(
+            "cmake_minimum_required(VERSION 3.16)\nproject(version LANGUAGES CXX)\n"
+            f"find_package(tlxCore {version} REQUIRED)\n")
+        consumer.configure(project, consumer.work / f"build-version-{version}", f"-DCMAKE_PREFIX_PATH={prefix}",
+                           expect=expect)
+
+
+def try_pkg_config(consumer, prefix):
+    """The same example without CMake."""
+    folder = next(prefix.rglob("tlxCore.pc")).parent
+    environment = dict(consumer.environment, PKG_CONFIG_PATH=str(folder))
+    flags = run("pkg-config", "--cflags", "--libs", "tlxCore", env=environment).split()
+    check(pathlib.Path(run("pkg-config", "--variable=libdir", "tlxCore", env=environment).strip()).resolve()
+          == folder.parent.resolve(), "the file names another library directory than its own")
+    program = consumer.work / "pkg-config/Tollan/bin/tool-start"
+    program.parent.mkdir(parents=True)
+    run(consumer.options.compiler, "-std=c++17", "-fPIC", "-o", program,
+        consumer.options.source / "examples/tool-start/main.cpp", *flags)
+    output = run(program, "drvadr=3", "level=2", "port=8000", "UNIT_U16=31",
+                 env=dict(environment, LD_LIBRARY_PATH=str(folder.parent)))
+    check_start(consumer, output, program.parent.parent)
+
+
+def tool_start(consumer):
+    first, moved = consumer.work / "first", consumer.work / "else where"
+    consumer.install(consumer.options.build, first)
+    check_no_trace(first, first, consumer.options.source, consumer.options.build)
+    try_example(consumer, first, "first-tool")
+    shutil.move(first, moved)
+    try_example(consumer, moved, "moved-tool")
+    try_versions(consumer, moved)
+    plain = consumer.work / "plain"  # pkg-config's answers are split at blanks
+    shutil.move(moved, plain)
+    try_pkg_config(consumer, plain)
+    output = run(plain / "bin/tlx", "paths", env=consumer.environment)
+    check(str(plain) in output, f"tlx does not run from the moved tree:\n{output}")
+
+
+def static(consumer):
+    build, prefix = consumer.work / "library", consumer.work / "installed"
+    consumer.configure(consumer.options.source, build, "-DBUILD_SHARED_LIBS=OFF", "-DCMAKE_BUILD_TYPE=Debug",
+                       "-DTLXCORE_BUILD_TESTS=OFF", "-DTLXCORE_BUILD_TOOLS=OFF")
+    consumer.build(build)
+    consumer.install(build, prefix)
+    check(not list(prefix.rglob("*.so*")), "a shared library was installed")
+    program = consumer.work / "program"
+    consumer.configure(consumer.options.source / "tests/consumer/static", program, f"-DCMAKE_PREFIX_PATH={prefix}")
+    consumer.build(program)
+    shutil.move(prefix, consumer.work / "away")
+    tool = consumer.work / "Prog/Tollan"
+    (tool / "bin").mkdir(parents=True)
+    shutil.copy(program / "static-tool", tool / "bin")
+    output = run(tool / "bin/static-tool", env=consumer.environment)
+    expected = ["early TARVENIK/UNIT_U16", "settings TARVENIK Antriebstechnik GmbH", "product Tollan Setup"]
+    check(output.splitlines() == expected, f"the program says:\n{output}")
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--source", type=pathlib.Path, required=True)
+    parser.add_argument("--cmake", required=True)
+    parser.add_argument("--generator", required=True)
+    parser.add_argument("--compiler", required=True)
+    parser.add_argument("what", choices=["tool-start", "static"])
+    parser.add_argument("--build", type=pathlib.Path)
+    options = parser.parse_args()
+    with tempfile.TemporaryDirectory() as work:
+        consumer = Consumer(options, pathlib.Path(work).resolve())
+        try:
+            tool_start(consumer) if options.what == "tool-start" else static(consumer)
+        except Fault as fault:
+            print(fault)
+            return 1
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
