@@ -2,27 +2,13 @@
 
 #include <tests/support/FileTree.h>
 #include <tests/support/MessageLog.h>
-#include <tools/tlx/OutputCapture.h>
+#include <tests/support/PrintedRun.h>
 
 #include <QtTest>
 
 namespace {
 
 const QString WITH_ZERO = "a"_text + QChar(QChar::Null);
-
-struct SRun
-{
-    bool result;
-    QByteArray output;
-};
-
-template <typename Work>
-SRun run(Work work)
-{
-    const COutputCapture capture;
-    const bool result = work();
-    return {result, capture.text()};
-}
 
 } // namespace
 
@@ -67,7 +53,8 @@ void tst_CDirCopy::copyDirectory()
     QFETCH(QString, name);
     const FileTree tree({"source/f=1"_text, "there/g=2"_text});
 
-    const SRun done = run([&] { return CDir::copyDirectory(tree.path("source"_text), tree.path(name)); });
+    const SPrintedRun done =
+        printedRun([&] { return CDir::copyDirectory(tree.path("source"_text), tree.path(name)); });
     QVERIFY(done.result);
     QCOMPARE(done.output, QByteArray());
     QVERIFY(QFileInfo(tree.path(name)).isDir());
@@ -95,7 +82,8 @@ void tst_CDirCopy::copyDirectoryFails()
     const FileTree tree({"source/f=1"_text, "file=2"_text});
     const QStringList before = tree.entries();
 
-    const SRun done = run([&] { return CDir::copyDirectory(tree.path("source"_text), tree.path(name)); });
+    const SPrintedRun done =
+        printedRun([&] { return CDir::copyDirectory(tree.path("source"_text), tree.path(name)); });
     QVERIFY(!done.result);
     QCOMPARE(done.output, "\nCDir::copyDirectory unable to create " + tree.path(name).toLocal8Bit());
     QCOMPARE(tree.entries(), before);
@@ -116,7 +104,8 @@ void tst_CDirCopy::copyFile()
     QFETCH(QString, name);
     const FileTree tree({"source=text"_text});
 
-    const SRun done = run([&] { return CDir::copyFile(tree.path("source"_text), tree.path(name)); });
+    const SPrintedRun done =
+        printedRun([&] { return CDir::copyFile(tree.path("source"_text), tree.path(name)); });
     QVERIFY(done.result);
     QCOMPARE(done.output, QByteArray());
     QCOMPARE(tree.read(name), QByteArray("text"));
@@ -200,7 +189,7 @@ void tst_CDirCopy::copyFileFails()
     expected.sort();
     const MessageLog log;
 
-    const SRun done = run([&] { return CDir::copyFile(tree.path(from), tree.path(to)); });
+    const SPrintedRun done = printedRun([&] { return CDir::copyFile(tree.path(from), tree.path(to)); });
     QVERIFY(!done.result);
     QCOMPARE(done.output, "\nCDir::copyFile unable to copy " + tree.path(to).toLocal8Bit());
     QCOMPARE(tree.entries(), expected);
@@ -229,7 +218,8 @@ void tst_CDirCopy::copyFileF()
     const bool hadFile = QFileInfo::exists(tree.path(name));
     const MessageLog log;
 
-    const SRun done = run([&] { return CDir::copyFileF(tree.path("source"_text), tree.path(name)); });
+    const SPrintedRun done =
+        printedRun([&] { return CDir::copyFileF(tree.path("source"_text), tree.path(name)); });
     QVERIFY(done.result);
     QCOMPARE(done.output, QByteArray());
     QCOMPARE(tree.read(name), QByteArray("new"));

@@ -2,7 +2,7 @@
 
 #include <tests/support/FileTree.h>
 #include <tests/support/MessageLog.h>
-#include <tools/tlx/OutputCapture.h>
+#include <tests/support/PrintedRun.h>
 
 #include <QtTest>
 
@@ -12,8 +12,7 @@ const QString WITH_ZERO = "a"_text + QChar(QChar::Null);
 
 bool copied(const FileTree& tree, const QString& from, const QString& to)
 {
-    const COutputCapture capture;
-    return CDir::copyDirectoryRecursive(tree.path(from), tree.path(to));
+    return printedRun([&] { return CDir::copyDirectoryRecursive(tree.path(from), tree.path(to)); }).result;
 }
 
 } // namespace
@@ -58,14 +57,16 @@ void tst_CDirCopyTree::copyTreeProgress()
                          "blocked/a=4"_text, "empty/"_text});
     QStringList calls;
     const auto record = [&](int done, int total) { calls << "%1/%2"_text.arg(done).arg(total); };
-    const COutputCapture capture;
 
     QVERIFY(CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("copy"_text), record));
     QCOMPARE(calls, QStringList({"1/3"_text, "2/3"_text, "3/3"_text}));
     calls.clear();
     QVERIFY(CDir::copyDirectoryRecursive(tree.path("empty"_text), tree.path("none"_text), record));
     QCOMPARE(calls, QStringList());
-    QVERIFY(!CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("blocked"_text), record));
+    QVERIFY(!printedRun([&] {
+                 return CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("blocked"_text),
+                                                     record);
+             }).result);
     QVERIFY(calls.size() < 3);
 }
 
@@ -135,11 +136,10 @@ void tst_CDirCopyTree::copyTreeStops()
 {
     const FileTree tree({"source/a=new"_text, "copy/a=old"_text});
 
-    {
-        const COutputCapture capture;
-        QVERIFY(!CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("copy"_text)));
-        QCOMPARE(capture.text(), "\nCDir::copyFile unable to copy " + tree.path("copy/a"_text).toLocal8Bit());
-    }
+    const SPrintedRun done = printedRun(
+        [&] { return CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("copy"_text)); });
+    QVERIFY(!done.result);
+    QCOMPARE(done.output, "\nCDir::copyFile unable to copy " + tree.path("copy/a"_text).toLocal8Bit());
     QCOMPARE(tree.entries("copy"_text), QStringList{"a=old"_text});
 
     // A chain of directories has one order: nothing behind the failure is touched.

@@ -1,7 +1,7 @@
 #include <core/files/CDir.h>
 
 #include <tests/support/FileTree.h>
-#include <tools/tlx/OutputCapture.h>
+#include <tests/support/PrintedRun.h>
 
 #include <QtTest>
 
@@ -162,9 +162,9 @@ void tst_CDirLinks::copyFileOntoLink()
     QFETCH(QString, target);
     const FileTree tree(OUTSIDE + QStringList{"link->"_text + target, "source=new"_text});
     const QStringList before = tree.entries();
-    const COutputCapture capture;
 
-    QVERIFY(!CDir::copyFile(tree.path("source"_text), tree.path("link"_text)));
+    QVERIFY(
+        !printedRun([&] { return CDir::copyFile(tree.path("source"_text), tree.path("link"_text)); }).result);
     QCOMPARE(tree.entries(), before);
 }
 
@@ -184,9 +184,8 @@ void tst_CDirLinks::copyFileOfPipe()
     const FileTree tree({"to-pipe->pipe"_text, "to-zero->/dev/zero"_text, "to-directory->."_text});
     makePipe(tree.path("pipe"_text));
     const QStringList before = tree.entries();
-    const COutputCapture capture;
 
-    QVERIFY(!CDir::copyFile(tree.path(source), tree.path("copy"_text)));
+    QVERIFY(!printedRun([&] { return CDir::copyFile(tree.path(source), tree.path("copy"_text)); }).result);
     QVERIFY(!CDir::copyFileF(tree.path(source), tree.path("copy"_text)));
     QCOMPARE(tree.entries(), before);
 }
@@ -278,10 +277,11 @@ void tst_CDirLinks::copyTree()
 void tst_CDirLinks::copyTreeWithDevice()
 {
     const FileTree tree({"source/zero->/dev/zero"_text});
-    const COutputCapture capture;
 
-    QVERIFY(!CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("copy"_text)));
-    QCOMPARE(capture.text(), "\nCDir::copyFile unable to copy " + tree.path("copy/zero"_text).toLocal8Bit());
+    const SPrintedRun done = printedRun(
+        [&] { return CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("copy"_text)); });
+    QVERIFY(!done.result);
+    QCOMPARE(done.output, "\nCDir::copyFile unable to copy " + tree.path("copy/zero"_text).toLocal8Bit());
     QCOMPARE(tree.entries("copy"_text), QStringList());
 }
 

@@ -2,7 +2,7 @@
 
 #include <tests/support/FileTree.h>
 #include <tests/support/MessageLog.h>
-#include <tools/tlx/OutputCapture.h>
+#include <tests/support/PrintedRun.h>
 
 #include <QtTest>
 
@@ -253,15 +253,9 @@ void tst_CDirRemove::removeFileOrDirectory()
         printed += "\n--------------";
     }
     const MessageLog log;
-    bool done = false;
-    QByteArray output;
-    {
-        const COutputCapture capture;
-        done = CDir::removeFileOrDirectory(tree.path(name));
-        output = capture.text();
-    }
-    QCOMPARE(done, result);
-    QCOMPARE(output, printed);
+    const SPrintedRun done = printedRun([&] { return CDir::removeFileOrDirectory(tree.path(name)); });
+    QCOMPARE(done.result, result);
+    QCOMPARE(done.output, printed);
     QCOMPARE(tree.entries().size(), left.isEmpty() ? before.size() - 1 : before.size());
     QVERIFY(result != QFileInfo::exists(tree.path(name)));
     QCOMPARE(log.messages(), QStringList());
@@ -271,24 +265,17 @@ void tst_CDirRemove::removeFileOrDirectoryEmptyPath()
 {
     const FileTree tree({"file=1"_text});
     const InDirectory inside(tree.path());
-    bool done = true;
-    QByteArray output;
-    {
-        const COutputCapture capture;
-        done = CDir::removeFileOrDirectory(QString());
-        output = capture.text();
-    }
-    QVERIFY(!done);
-    QCOMPARE(output, QByteArray("\n CDir::removeFileOrDirectory: unable to remove \n \n--------------"));
+    const SPrintedRun done = printedRun([&] { return CDir::removeFileOrDirectory(QString()); });
+    QVERIFY(!done.result);
+    QCOMPARE(done.output, QByteArray("\n CDir::removeFileOrDirectory: unable to remove \n \n--------------"));
     QCOMPARE(tree.entries(), QStringList{"file=1"_text});
 }
 
 void tst_CDirRemove::removeFileOrDirectoryOfZero()
 {
     const FileTree tree({"file=1"_text});
-    const COutputCapture capture;
 
-    QVERIFY(!CDir::removeFileOrDirectory(tree.path(WITH_ZERO)));
+    QVERIFY(!printedRun([&] { return CDir::removeFileOrDirectory(tree.path(WITH_ZERO)); }).result);
     QCOMPARE(tree.entries(), QStringList{"file=1"_text});
 }
 
@@ -297,28 +284,36 @@ void tst_CDirRemove::removeFileOrDirectoryIsRelativeToTemporary()
 {
     const FileTree tree({"temporary/"_text, "current/directory/"_text, "current/file=1"_text});
     const InDirectory inside(tree.path("current"_text));
-    const COutputCapture capture; // before the temporary directory moves: it may keep a file there
-    const WithVariable unixName("TMPDIR", tree.path("temporary"_text));
-    const WithVariable windowsName("TMP", tree.path("temporary"_text));
+    const auto removed = [&](const QString& path) {
+        return printedRun([&] {
+            const WithVariable unixName("TMPDIR", tree.path("temporary"_text));
+            const WithVariable windowsName("TMP", tree.path("temporary"_text));
+            return CDir::removeFileOrDirectory(path);
+        });
+    };
 
-    QVERIFY(CDir::removeFileOrDirectory("file"_text));
-    QCOMPARE(capture.text(), QByteArray());
-    QVERIFY(!CDir::removeFileOrDirectory("directory"_text));
-    QCOMPARE(capture.text(), QByteArray("\n CDir::removeFileOrDirectory: unable to remove directory"
-                                        "\n directory\n--------------"));
+    const SPrintedRun file = removed("file"_text);
+    QVERIFY(file.result);
+    QCOMPARE(file.output, QByteArray());
+    const SPrintedRun directory = removed("directory"_text);
+    QVERIFY(!directory.result);
+    QCOMPARE(directory.output, QByteArray("\n CDir::removeFileOrDirectory: unable to remove directory"
+                                          "\n directory\n--------------"));
     QCOMPARE(tree.entries(), QStringList({"current/"_text, "current/directory/"_text, "temporary/"_text}));
 }
 
 void tst_CDirRemove::removeFilesByPathList()
 {
     const FileTree tree({"a=1"_text, "full/f=2"_text, "b=3"_text, "empty/"_text, "stays=4"_text});
-    const COutputCapture capture;
+    const auto removed = [](const QStringList& paths) {
+        return printedRun([&] { return CDir::removeFilesByPathList(paths); }).result;
+    };
 
-    QVERIFY(!CDir::removeFilesByPathList(
+    QVERIFY(!removed(
         {tree.path("a"_text), tree.path("full"_text), tree.path("b"_text), tree.path("empty"_text)}));
     QCOMPARE(tree.entries(), QStringList({"full/"_text, "full/f=2"_text, "stays=4"_text}));
-    QVERIFY(!CDir::removeFilesByPathList({QString(), tree.path("full/f"_text)}));
-    QVERIFY(CDir::removeFilesByPathList({tree.path("full"_text), tree.path("missing"_text)}));
+    QVERIFY(!removed({QString(), tree.path("full/f"_text)}));
+    QVERIFY(removed({tree.path("full"_text), tree.path("missing"_text)}));
     QCOMPARE(tree.entries(), QStringList{"stays=4"_text});
 }
 
