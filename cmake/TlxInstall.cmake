@@ -61,3 +61,6 @@ if(TLXCORE_DEBIAN_DOCS)
             DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${component})
     endforeach()
 endif()
+
+install(FILES debugger/tlxcore_gdb.py debugger/tlxCore.natvis DESTINATION "${CMAKE_INSTALL_DATADIR}/tlxCore/debugger"
+    COMPONENT development)
