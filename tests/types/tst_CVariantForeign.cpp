@@ -13,6 +13,7 @@ class tst_CVariantForeign : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QLocale::setDefault(QLocale::c()); }
     void init() { mLog.reset(new MessageLog); }
     void cleanup();
     void text_data();
