@@ -159,19 +159,25 @@ bool CTar::readHeader(TarBlocks& blocks, qint64& pos, bool& end)
                                                         "\"%1\" but \"ustar\" was expected !")
                         .arg(BLOCK));
     }
-    CTarFileInfo info;
+    const qint64 size = header.size();
+    if (size < 0 || size > largestSize(pos)) {
+        return false;
+    }
+    append(header, size, pos);
+    pos += BLOCK + roundedToBlocks(size);
+    return true;
+}
+
+void CTar::append(const TarHeader& header, qint64 size, qint64 pos)
+{
+    mInfos.append(CTarFileInfo());
+    CTarFileInfo& info = mInfos.last();
     info.mType = header.type();
     info.mName = header.name();
     info.mLinkName = header.linkName();
-    info.mSize = header.size();
+    info.mSize = size;
     info.mPos = pos;
-    if (info.mSize < 0 || info.mSize > largestSize(pos)) {
-        return false;
-    }
-    pos += BLOCK + roundedToBlocks(info.mSize);
     mNames.append(info.mName);
-    mInfos.append(info);
-    return true;
 }
 
 bool CTar::readData(const CTarFileInfo& info, QByteArray& data)

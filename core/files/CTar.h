@@ -13,6 +13,7 @@
 #include <memory>
 
 class TarBlocks;
+class TarHeader;
 class TarNames;
 
 /**
@@ -98,6 +99,7 @@ private:
 
     bool open(const QString& fileName);
     bool readHeader(TarBlocks& blocks, qint64& pos, bool& end);
+    void append(const TarHeader& header, qint64 size, qint64 pos);
     bool readData(const CTarFileInfo& info, QByteArray& data);
     bool fail(const QString& error);
 

@@ -18,12 +18,15 @@ bool isOctalDigit(char byte)
 // Negative when the text does not convert. Plain digits take a shorter road than Qt's conversion, to the same number.
 qint64 octalNumber(const char* text, int length)
 {
-    if (length > 0 && length <= OCTAL_DIGITS_MAX && std::all_of(text, text + length, isOctalDigit)) {
+    if (length > 0 && length <= OCTAL_DIGITS_MAX) {
         qint64 value = 0;
-        for (int i = 0; i < length; ++i) {
+        int i = 0;
+        for (; i < length && isOctalDigit(text[i]); ++i) {
             value = value * 8 + (text[i] - '0');
         }
-        return value;
+        if (i == length) {
+            return value;
+        }
     }
     bool ok = false;
     const qint64 value = QString::fromLatin1(text, length).toLongLong(&ok, 8);
@@ -81,9 +84,10 @@ qint64 TarHeader::size() const
 // A text ends at its first zero byte, not with its field: callers know names of 100 characters with the mode behind.
 int TarHeader::textLength(const SField& field) const
 {
+    const int rest = BLOCK_SIZE - field.offset;
     const char* begin = mBlock + field.offset;
-    const char* end = mBlock + BLOCK_SIZE;
-    return static_cast<int>(std::find(begin, end, '\0') - begin);
+    const void* zero = std::memchr(begin, '\0', static_cast<std::size_t>(rest));
+    return zero ? static_cast<int>(static_cast<const char*>(zero) - begin) : rest;
 }
 
 QString TarHeader::text(const SField& field) const

@@ -1,13 +1,17 @@
 #ifndef TLXCORE_TARNAMES_H
 #define TLXCORE_TARNAMES_H
 
-#include <QHash>
 #include <QString>
 #include <QStringList>
 
+#include <vector>
+
 /**
- * Finds the first of equal names in a list that only grows. The hash is keyed with random numbers, so that no archive
- * can be made whose names all fall together and make the search slow (Qt's own text hash lets that happen).
+ * Finds the first of equal names in a list that only grows: a hash table with linear probing, at most half full.
+ *
+ * Qt's text hash is fast, but an archive can be made whose names all have the same one. Where names crowd like that,
+ * the table is made again with a hash that is keyed with random numbers, so that every archive is indexed in a time
+ * that grows with its members.
  */
 class TarNames
 {
@@ -16,15 +20,21 @@ public:
     int find(const QStringList& names, const QString& name);
 
 private:
-    struct SKey
+    struct SSlot
     {
-        QString text;
-        bool operator==(const SKey& other) const { return text == other.text; }
+        uint hash;
+        int index; ///< -1 in a free slot.
     };
-    friend uint qHash(const SKey& key, uint seed);
 
-    QHash<SKey, int> mFirst;
-    int mKnown = 0; ///< Names of the list that are in the hash.
+    uint hashOf(const QString& name) const;
+    void addNew(const QStringList& names);
+    void rebuild(const QStringList& names, std::size_t count);
+    std::size_t slotOf(const QStringList& names, const QString& name, uint hash) const;
+
+    std::vector<SSlot> mSlots; ///< A power of two of them.
+    std::size_t mUsed = 0;
+    int mKnown = 0; ///< Names of the list that are in the table.
+    bool mIsKeyed = false;
 };
 
 #endif // TLXCORE_TARNAMES_H

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void readFileHeaderFails_data();
     void readFileHeaderFails();
     void manyMembersOfOneName();
+    void namesThatCrowd();
     void translated();
 };
 
@@ -392,6 +393,32 @@ void tst_CTar::manyMembersOfOneName()
     QCOMPARE(tar.count(), members);
     QCOMPARE(tar.index(QStringLiteral("same")), 0);
     QCOMPARE(tar.index(QStringLiteral("other")), -1);
+}
+
+// Names chosen so that Qt's text hash puts them all into the same place of a table.
+void tst_CTar::namesThatCrowd()
+{
+    QList<QByteArray> names;
+    for (int i = 0; names.size() < 400; ++i) {
+        const QByteArray name = QByteArray::number(i).rightJustified(9, '0');
+        if ((qHash(QString::fromLatin1(name), 1u) & 0xfff) == 0) {
+            names << name;
+        }
+    }
+    QByteArray bytes;
+    for (const QByteArray& name : qAsConst(names)) {
+        bytes += tarFile(name, 0);
+    }
+    bytes += tarFile(names.at(7), 0) + tarFile("plain", 0) + tarEnd();
+    const QTemporaryDir dir;
+    CTar tar;
+    QVERIFY(tar.loadFile(writeFile(dir, QStringLiteral("x.tar"), bytes)));
+    for (int i = 0; i < names.size(); ++i) {
+        QCOMPARE(tar.index(QString::fromLatin1(names.at(i))), i);
+    }
+    QCOMPARE(tar.index(QStringLiteral("plain")), names.size() + 1);
+    QCOMPARE(tar.index(QStringLiteral("none")), -1);
+    QCOMPARE(tar.index(QString(513, QLatin1Char('a'))), -1);
 }
 
 void tst_CTar::translated()
