@@ -134,7 +134,11 @@ bool CTar::open(const QString& fileName)
     if (!isRegularOrMissing(fileName)) {
         return fail(QCoreApplication::translate("CTar", "ERROR : This is not a regular file !"));
     }
-    return mFile.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || fail(mFile.errorString());
+    if (!mFile.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        return fail(mFile.errorString());
+    }
+    mFileSize = mFile.size();
+    return true;
 }
 
 bool CTar::readHeader(TarBlocks& blocks, qint64& pos, bool& end)
@@ -187,7 +191,10 @@ bool CTar::readData(const CTarFileInfo& info, QByteArray& data)
         return fail(mFile.errorString());
     }
     const bool fits = info.mSize <= BYTE_ARRAY_MAX;
-    qint64 count = fits ? std::max<qint64>(mFile.size() - start, 0) : 0;
+    if (mFileSize - start < info.mSize) {
+        mFileSize = mFile.size(); // it may have grown
+    }
+    qint64 count = fits ? std::max<qint64>(mFileSize - start, 0) : 0;
     if (count >= info.mSize) {
         QByteArray bytes(static_cast<int>(info.mSize), Qt::Uninitialized);
         count = std::max<qint64>(mFile.read(bytes.data(), info.mSize), 0);

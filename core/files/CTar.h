@@ -105,6 +105,8 @@ private:
 
     QString mError;
     QFile mFile;
+    qint64 mFileSize =
+        0; ///< Length of the open file when it was last asked for: no more is reserved for a member.
     QStringList mNames;
     QList<CTarFileInfo> mInfos;
     mutable std::unique_ptr<TarNames> mLookup; ///< Made by the first index(), since many callers need none.

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void manyMembers();
     void truncatedAtEveryLength();
     void fileShrinksWhileOpen();
+    void fileGrowsWhileOpen();
     void endlessSizeReservesNothing();
     void tooLargeForByteArray();
 };
@@ -206,6 +207,24 @@ void tst_CTarData::fileShrinksWhileOpen()
     QVERIFY(!tar.file(0, data));
     QCOMPARE(tar.error(), shortRead(0, 600));
     QCOMPARE(data, QByteArray("kept"));
+}
+
+void tst_CTarData::fileGrowsWhileOpen()
+{
+    const QTemporaryDir dir;
+    const QByteArray whole = tarFile("a", 600) + tarEnd();
+    const QString path = writeFile(dir, QStringLiteral("x.tar"), whole.left(700));
+    CTar tar;
+    QVERIFY(!tar.loadFile(path));
+    QByteArray data;
+    QVERIFY(!tar.file(0, data));
+    QCOMPARE(tar.error(), shortRead(188, 600));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Append));
+    QCOMPARE(file.write(whole.mid(700)), static_cast<qint64>(whole.size() - 700));
+    file.close();
+    QVERIFY(tar.file(0, data));
+    QCOMPARE(data, dataOf(600));
 }
 
 void tst_CTarData::endlessSizeReservesNothing()
