@@ -378,7 +378,8 @@ void tst_CTar::readFileHeaderFails()
 void tst_CTar::manyMembersOfOneName()
 {
 #ifdef Q_OS_WIN
-    const int members = 10000; // each header read alone is several system calls, which take their time under Wine
+    const int members =
+        10000; // each header read alone is several system calls, which take their time under Wine
 #else
     const int members = 1000000;
 #endif
