@@ -133,8 +133,8 @@ void walk(const QString& path, const QStringList& nameFilters, QDir::Filters fil
     }
     QDirIterator iterator(path, nameFilters, filters, QDirIterator::Subdirectories);
     while (iterator.hasNext()) {
-        iterator.next();
-        take(iterator);
+        const QString entry = iterator.next();
+        take(entry, iterator);
     }
 }
 
@@ -309,7 +309,8 @@ QFileInfoList CDir::entryInfoListRecursive(const QString& path, const QStringLis
                                            QDir::Filters filters)
 {
     QFileInfoList entries;
-    walk(path, nameFilters, filters, [&](const QDirIterator& entry) { entries << entry.fileInfo(); });
+    walk(path, nameFilters, filters,
+         [&](const QString&, const QDirIterator& at) { entries << at.fileInfo(); });
     return entries;
 }
 
@@ -322,7 +323,7 @@ QFileInfoList CDir::entryInfoListRecursive(const QString& path, const QStringLis
 QStringList CDir::listFilesAndDirectories(const QString& path)
 {
     QStringList paths{path};
-    walk(path, {}, WALKED, [&](const QDirIterator& entry) { paths << entry.filePath(); });
+    walk(path, {}, WALKED, [&](const QString& entry, const QDirIterator&) { paths << entry; });
     return paths;
 }
 
