@@ -378,8 +378,7 @@ void tst_CTar::readFileHeaderFails()
 void tst_CTar::manyMembersOfOneName()
 {
 #ifdef Q_OS_WIN
-    const int members =
-        10000; // each header read alone is several system calls, which take their time under Wine
+    const int members = 10000; // a header read alone is several system calls, slow under Wine
 #else
     const int members = 1000000;
 #endif
