@@ -134,7 +134,8 @@ public:
      * @brief A number with a fixed count of decimals in the default locale, without group separators.
      *
      * @param value The number.
-     * @param precision The decimals; below 0 they are 6, and no more than 1100 are shown (a double has fewer).
+     * @param precision The decimals; below 0 they are 6, but for QLocale::FloatingPointShortest: as few as tell the
+     * number from its neighbours. No more than 1100 are shown (a double has fewer).
      */
     static QString doubleToString(double value, int precision);
 

@@ -161,6 +161,6 @@ unsigned int CStr::strToFixPoint(const QString& s, bool* ok, unsigned int fracBi
 QString CStr::doubleToString(double value, int precision)
 {
     const QLocale locale;
-    QString text = locale.toString(value, 'f', std::min(precision < 0 ? 6 : precision, MOST_DECIMALS));
+    QString text = locale.toString(value, 'f', std::min(precision, MOST_DECIMALS));
     return text.remove(locale.groupSeparator());
 }

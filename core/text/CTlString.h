@@ -129,7 +129,7 @@ public:
      * - Fixed point: the digits without their separators, as a signed 64-bit number; "0x" reads hexadecimal, a
      *   leading 0 octal.
      * - Hexadecimal: normalised as by validateHexStr(), to 16 digits when the descriptor has neither width nor
-     *   fraction; a factor other than 1 multiplies the unsigned bits.
+     *   fraction; a factor other than 1 multiplies the unsigned bits, behind a "-" the signed number.
      * - Binary: normalised likewise; always multiplied as a double.
      *
      * Then the pre-shift is undone, and the result is cut to the type: "ff" is -1 as an 8-bit signed number. Products

@@ -58,9 +58,11 @@ quint64 hexBits(QString text, SFormatValue format, double factor, bool& ok)
     }
     CTlString::validateHexStr(text, format);
     text = NNumberReading::withoutSignFill(withoutSeparators(text), format.fractionDigits);
-    const quint64 bits = text.startsWith(QLatin1Char('-'))
-                             ? static_cast<quint64>(NNumberReading::readSigned(text, 16, ok))
-                             : NNumberReading::readUnsigned(text, 16, ok);
+    if (text.startsWith(QLatin1Char('-'))) {
+        const qint64 number = NNumberReading::readSigned(text, 16, ok);
+        return isOne(factor) ? static_cast<quint64>(number) : product<T>(static_cast<double>(number), factor);
+    }
+    const quint64 bits = NNumberReading::readUnsigned(text, 16, ok);
     return isOne(factor) ? bits : product<T>(static_cast<double>(bits), factor);
 }
 

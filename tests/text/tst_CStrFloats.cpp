@@ -199,6 +199,8 @@ void tst_CStrFloats::doubleToString_data()
     QTest::newRow("C") << QLocale::c() << -1234567.5 << 0 << text("-1234568");
     QTest::newRow("no exponent") << QLocale::c() << 1e22 << 0 << text("10000000000000000000000");
     QTest::newRow("negative precision") << QLocale::c() << 0.5 << -3 << text("0.500000");
+    QTest::newRow("shortest") << english << 12345.75 << int(QLocale::FloatingPointShortest)
+                              << text("12345.75");
     QTest::newRow("no more decimals than a double has")
         << QLocale::c() << 0.5 << std::numeric_limits<int>::max()
         << text("0.5") + QString(1099, QLatin1Char('0'));

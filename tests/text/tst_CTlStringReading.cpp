@@ -40,6 +40,7 @@ private Q_SLOTS:
     void unsigned64();
     void cutToWidth_data();
     void cutToWidth();
+    void negativeTimesFactor();
     void notANumber_data();
     void notANumber();
     void floats_data();
@@ -111,7 +112,12 @@ void tst_CTlStringReading::signed64_data()
     addRow("123456789abcdef01", {0, 0, 0, HEX}, 1, 0x23456789abcdef01);
     addRow("10", {0, 4, 0, HEX}, 2, 32);
     addRow("10", {0, 4, 0, HEX}, 0.1, 1);
-    addRow("-10", {0, 4, 0, HEX}, 2, SMALLEST); // the bits are 2^64 - 16: too large
+    addRow("-10", {0, 4, 0, HEX}, 2, -32); // behind a sign the number is signed
+    addRow("-10", {0, 4, 0, HEX}, -0.1, 1);
+    addRow("-1:08", {2, 4, 0, HEX}, 0.5, -132);
+    addRow("-10", {0, 4, 4, HEX}, 0.5, -128);
+    addRow("-8000000000000000", {0, 16, 0, HEX}, 2, SMALLEST);
+    addRow("fffffffffffffff0", {0, 16, 0, HEX}, 2, SMALLEST); // the bits are 2^64 - 16: too large
     addRow("ffffffffffffffff", {0, 0, 0, HEX}, 0.25, Q_INT64_C(1) << 62);
     addRow("10", {0, 4, 4, HEX}, 1, 0x100);
     addRow("8000000000000000", {0, 0, -4, HEX}, 1, SMALLEST >> 4);
@@ -157,7 +163,8 @@ void tst_CTlStringReading::unsigned64_data()
     addRow("ffff.ffff.ffff.ffff", {0, 16, 0, HEX}, 1, -1);
     addRow("8000000000000000", {0, 0, -4, HEX}, 1, 0x0800000000000000);
     addRow("8000000000000000", {0, 0, 0, HEX}, 1.5, static_cast<qint64>(Q_UINT64_C(3) << 62));
-    addRow("-10", {0, 4, 0, HEX}, 0.5, static_cast<qint64>(Q_UINT64_C(1) << 63));
+    addRow("fffffffffffffff0", {0, 16, 0, HEX}, 0.5, top);
+    addRow("-10", {0, 4, 0, HEX}, 0.5, -8);
     addRow("1111", {0, 64, 60, DUAL}, 1, static_cast<qint64>(Q_UINT64_C(15) << 60));
     addRow("1111111111111111111111111111111111111111111111111111111111111111", {0, 64, 0, DUAL}, 1, top);
     addRow("1000000000000000000000000000000000000000000000000000000000000000", {0, 64, 0, DUAL}, 1, top);
@@ -209,6 +216,17 @@ void tst_CTlStringReading::cutToWidth()
     for (const bool good : ok) {
         QVERIFY(good);
     }
+}
+
+// The sign counts for narrow types too, whose bits are cut out of the 64.
+void tst_CTlStringReading::negativeTimesFactor()
+{
+    const SFormat hex(0, 2, 0, HEX);
+    bool ok[3] = {};
+    QCOMPARE(CTlString::toI8(text("-10"), hex, 2.0, ok), qint8(-32));
+    QCOMPARE(CTlString::toI16(text("-ff"), hex, 100.0, ok + 1), qint16(-25500));
+    QCOMPARE(CTlString::toU32(text("-10"), hex, 0.5, ok + 2), 0xFFFFFFF8U);
+    QVERIFY(ok[0] && ok[1] && ok[2]);
 }
 
 void tst_CTlStringReading::notANumber_data()
