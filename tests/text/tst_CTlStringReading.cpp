@@ -104,6 +104,8 @@ void tst_CTlStringReading::signed64_data()
     addRow("ffff.ffff.ffff.ffff", {0, 16, 0, HEX}, 1, -1);
     addRow("7fff.ffff.ffff.ffff", {0, 16, 0, HEX}, 1, std::numeric_limits<qint64>::max());
     addRow("7fff.ffff.ffff.ffff", {0, 0, 0, HEX}, 1.0000000000001, std::numeric_limits<qint64>::max());
+    addRow("7fff.ffff.ffff.ffff", {0, 0, 0, HEX}, 1.000000000002, SMALLEST); // not 1 any more
+    addRow("10", {0, 4, 0, HEX}, 0, 0);
     addRow("12.3456", {0, 8, 0, HEX}, 1, 0x123456);
     addRow("12:34", {2, 4, 0, HEX}, 1, 0x1234);
     addRow("1:2", {2, 4, 0, HEX}, 1, 0x102);
