@@ -22,8 +22,8 @@ QString text(const char* latin1)
 
 void addRow(const char* s, SFormat format, double factor, qint64 expected)
 {
-    QTest::addRow("\"%s\" in %d %d %d %d times %g", s, format.fractionDigits, format.width, format.preShift,
-                  format.notation, factor)
+    QTest::addRow("\"%s\" in %d %d %d %d times %.13g", s, format.fractionDigits, format.width,
+                  format.preShift, format.notation, factor)
         << text(s) << format << factor << expected;
 }
 
