@@ -132,7 +132,9 @@ protected:
     void assign(const QString& text)
     {
         const int length = std::min(text.size(), N);
-        unsigned short* const target = mBlock->units;
+        SBlock* const block = mBlock.data();
+        Q_ASSUME(block != nullptr);
+        unsigned short* const target = block->units;
         std::memcpy(target, text.constData(), static_cast<std::size_t>(length) * sizeof(QChar));
         if (length < N) {
             target[length] = 0;
