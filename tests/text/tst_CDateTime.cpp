@@ -2,6 +2,7 @@
 #include <tests/support/MessageLog.h>
 
 #include <QTimeZone>
+#include <QtEndian>
 #include <QtTest>
 
 namespace {
@@ -17,6 +18,16 @@ QDateTime utc(int year, int month, int day, int hour, int minute, int second, in
 QDateTime moment()
 {
     return utc(2024, 3, 5, 13, 7, 9, 456);
+}
+
+QDateTime withOffset()
+{
+    return QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::OffsetFromUTC, 7200);
+}
+
+QDateTime inZone()
+{
+    return QDateTime(QDate(2000, 1, 1), QTime(0, 0), QTimeZone("Asia/Tokyo"));
 }
 
 } // namespace
@@ -42,11 +53,13 @@ private Q_SLOTS:
     void assignmentKeepsSpec();
     void offsetAndZone();
     void timeSpecKeepsInstant();
+    void sameTimeSpecChangesNothing();
     void toByteArray();
     void fromByteArray_data();
     void fromByteArray();
     void isoText();
     void wallClockInLocalTime();
+    void convertsIntoLocalTime();
     void daylightGap();
 };
 
@@ -157,6 +170,12 @@ void tst_CDateTime::impossibleFields()
         QCOMPARE(assigned.timeSpec(), Qt::UTC);
         QCOMPARE(assigned.toIsoDateTime(Qt::UTC), QString());
     }
+    for (CDateTime target : {CDateTime(withOffset()), CDateTime(inZone())}) {
+        const Qt::TimeSpec spec = target.timeSpec();
+        target = static_cast<long long>(packed);
+        QVERIFY(!target.isValid());
+        QCOMPARE(target.timeSpec(), spec);
+    }
     QCOMPARE(log.messages(), QStringList());
 }
 
@@ -208,12 +227,10 @@ void tst_CDateTime::assignmentKeepsSpec_data()
 
     const QDate date(2024, 3, 5);
     const QTime time(13, 7, 9, 450);
-    const QDateTime offset(QDate(2000, 1, 1), QTime(0, 0), Qt::OffsetFromUTC, 7200);
-    const QDateTime zone(QDate(2000, 1, 1), QTime(0, 0), QTimeZone("Asia/Tokyo"));
     QTest::newRow("null, local") << CDateTime() << QDateTime(date, time, Qt::LocalTime);
     QTest::newRow("UTC") << CDateTime(utc(2000, 1, 1, 0, 0, 0, 0)) << QDateTime(date, time, Qt::UTC);
-    QTest::newRow("offset") << CDateTime(offset) << QDateTime(date, time, Qt::OffsetFromUTC, 7200);
-    QTest::newRow("time zone") << CDateTime(zone) << QDateTime(date, time, QTimeZone("Asia/Tokyo"));
+    QTest::newRow("offset") << CDateTime(withOffset()) << QDateTime(date, time, Qt::OffsetFromUTC, 7200);
+    QTest::newRow("time zone") << CDateTime(inZone()) << QDateTime(date, time, QTimeZone("Asia/Tokyo"));
 }
 
 void tst_CDateTime::assignmentKeepsSpec()
@@ -252,6 +269,20 @@ void tst_CDateTime::timeSpecKeepsInstant()
     made.setTimeSpec(Qt::LocalTime);
     QCOMPARE(made.timeSpec(), Qt::LocalTime);
     QCOMPARE(made, before);
+}
+
+void tst_CDateTime::sameTimeSpecChangesNothing()
+{
+    CDateTime offset(withOffset());
+    CDateTime zone(inZone());
+
+    // Not Qt's conversion, which would take UTC for an offset and local time for a zone.
+    offset.setTimeSpec(Qt::OffsetFromUTC);
+    QCOMPARE(offset.timeSpec(), Qt::OffsetFromUTC);
+    zone.setTimeSpec(Qt::TimeZone);
+    QCOMPARE(zone.timeSpec(), Qt::TimeZone);
+    QCOMPARE(offset.toI64(Qt::UTC), 0x07CF0C1F16000000ULL);
+    QCOMPARE(zone.toI64(Qt::UTC), 0x07CF0C1F0F000000ULL);
 }
 
 void tst_CDateTime::toByteArray()
@@ -303,6 +334,33 @@ void tst_CDateTime::wallClockInLocalTime()
     QCOMPARE(made.timeSpec(), Qt::LocalTime);
     QCOMPARE(made.toI64(Qt::LocalTime), static_cast<unsigned long long>(PACKED));
     QCOMPARE(made.toQDateTime(Qt::UTC), expected.toUTC());
+}
+
+// Other fields wherever local time is not UTC.
+void tst_CDateTime::convertsIntoLocalTime()
+{
+    const CDateTime made(moment());
+    const QDateTime local = moment().toLocalTime();
+    const int fields[] = {45,
+                          local.time().second(),
+                          local.time().minute(),
+                          local.time().hour(),
+                          local.date().day(),
+                          local.date().month(),
+                          0xE8,
+                          0x07};
+    QByteArray bytes;
+    for (const int field : fields) {
+        bytes += static_cast<char>(field);
+    }
+    const CDateTime back = CDateTime::fromI64ByteArray(bytes, Qt::LocalTime);
+
+    QCOMPARE(made.toQDateTime(Qt::LocalTime).timeSpec(), Qt::LocalTime);
+    QCOMPARE(made.toIsoDateTime(Qt::LocalTime), local.toString(Qt::ISODate));
+    QCOMPARE(made.toI64ByteArray(Qt::LocalTime), bytes);
+    QCOMPARE(made.toI64(Qt::LocalTime), qFromLittleEndian<quint64>(bytes.constData()));
+    QCOMPARE(back.timeSpec(), Qt::LocalTime);
+    QCOMPARE(back.toQDateTime(Qt::UTC), utc(2024, 3, 5, 13, 7, 9, 450));
 }
 
 void tst_CDateTime::daylightGap()

@@ -73,9 +73,13 @@ void tst_CVariantForeign::text_data()
     QTest::newRow("F32 of unsigned char")
         << joined(QVariant::fromValue(uchar(5)), NTypes::TYPE_F32) << QStringLiteral("0");
     QTest::newRow("F32 of double") << joined(2.5, NTypes::TYPE_F32) << QStringLiteral("2.5");
+    // Through single precision, which ends before 1e-46.
+    QTest::newRow("F32 of double 1e-46") << joined(1e-46, NTypes::TYPE_F32) << QStringLiteral("0");
     QTest::newRow("I64 of record") << joined(QVariant::fromValue(NTypes::tsDateTime{{1, 1, 1, 1}, {1, 1, 1}}),
                                              NTypes::TYPE_I64)
                                    << QStringLiteral("0");
+    QTest::newRow("I32 of long long 2^32 + 5")
+        << joined(4294967301LL, NTypes::TYPE_I32) << QStringLiteral("5");
     QTest::newRow("I32 null") << joined(QVariant(QVariant::Int), NTypes::TYPE_I32) << QStringLiteral("0");
     QTest::newRow("STRING32 of CString128")
         << joined(QVariant::fromValue(CString128(QString(40, QLatin1Char('a')))), NTypes::TYPE_STRING32)

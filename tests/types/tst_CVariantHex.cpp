@@ -120,6 +120,14 @@ void tst_CVariantHex::texts_data()
     QTest::newRow("STRING32") << CVariant(CString32(letter)) << QStringLiteral("4100") + zeros(124);
     QTest::newRow("STRING32 with leftovers")
         << CVariant(CString32(leftovers)) << QStringLiteral("ac2000003412") + zeros(116);
+    CString64 leftovers64(QStringLiteral("AB"));
+    leftovers64 = QString();
+    CString128 leftovers128(QStringLiteral("AB"));
+    leftovers128 = QString();
+    QTest::newRow("STRING64 with leftovers")
+        << CVariant(leftovers64) << QStringLiteral("00004200") + zeros(248);
+    QTest::newRow("STRING128 with leftovers")
+        << CVariant(leftovers128) << QStringLiteral("00004200") + zeros(504);
     QTest::newRow("STRING64") << CVariant(CString64(letter)) << QStringLiteral("4100") + zeros(252);
     QTest::newRow("STRING128") << CVariant(CString128(letter)) << QStringLiteral("4100") + zeros(508);
     QTest::newRow("CHARSTR64") << CVariant(bytes64) << QStringLiteral("4142") + zeros(124);
