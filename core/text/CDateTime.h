@@ -124,7 +124,8 @@ private:
     QDateTime mDateTime;
 };
 
-/// Writes the date-time in QDateTime's stream format of the stream's version.
+/// Writes the date-time in QDateTime's stream format of the stream's version; a null one for a time zone that there is
+/// not.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime);
 
 /// Reads QDateTime's stream format. A stream that ends early says so in its status and leaves what QDateTime leaves; a

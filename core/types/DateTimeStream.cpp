@@ -28,13 +28,14 @@ bool isZoneName(const QString& name)
     return !name.startsWith(QLatin1Char('/')) && !name.contains(QLatin1String(".."));
 }
 
+// Only a zone that is known here: Qt crashes when it writes a date-time in any other.
 bool readZone(QDataStream& stream, QTimeZone& zone)
 {
     QString name;
     stream >> name;
     if (name != QLatin1String("OffsetFromUtc")) {
         zone = isZoneName(name) ? QTimeZone(name.toUtf8()) : QTimeZone();
-        return isZoneName(name);
+        return zone.isValid();
     }
     qint32 offset = 0;
     qint32 country = 0;
@@ -50,7 +51,7 @@ bool readZone(QDataStream& stream, QTimeZone& zone)
         zone = QTimeZone(name.toUtf8(), offset, longName, abbreviation,
                          static_cast<QLocale::Country>(country), comment);
     }
-    return true;
+    return zone.isValid();
 }
 
 bool readInSpec(QDataStream& stream, const SFields& fields, QDateTime& dateTime)
@@ -103,7 +104,10 @@ bool readAtVersion(QDataStream& stream, QDateTime& dateTime)
 
 bool read(QDataStream& stream, QDateTime& dateTime)
 {
-    if (readAtVersion(stream, dateTime)) {
+    const bool wasCorrupt = stream.status() == QDataStream::ReadCorruptData;
+    const bool done = readAtVersion(stream, dateTime);
+    // A name that Qt calls corrupt, such as half a UTF-16 unit, is none.
+    if (done && (wasCorrupt || stream.status() != QDataStream::ReadCorruptData)) {
         return true;
     }
     dateTime = QDateTime();

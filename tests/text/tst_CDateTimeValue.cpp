@@ -36,6 +36,7 @@ private Q_SLOTS:
     void streamAsQDateTime();
     void streamHostile_data();
     void streamHostile();
+    void streamWithoutZone();
     void fitsIntoQVariant();
     void debugShowsTypeAndText();
 };
@@ -171,6 +172,10 @@ void tst_CDateTimeValue::streamHostile_data()
         << int(QDataStream::Qt_5_15) << "\x03" + streamed(QStringLiteral("/dev/zero"));
     QTest::newRow("custom zone above its folder")
         << int(QDataStream::Qt_5_15) << "\x03" + offset + up + QByteArray(24, '\0');
+    QTest::newRow("zone of a unit and a half")
+        << int(QDataStream::Qt_5_15) << "\x03" + fromHexText("00000003 0041 00");
+    QTest::newRow("zone that is nowhere")
+        << int(QDataStream::Qt_5_15) << "\x03" + streamed(QStringLiteral("Europe/Atlantis"));
 }
 
 void tst_CDateTimeValue::streamHostile()
@@ -183,6 +188,19 @@ void tst_CDateTimeValue::streamHostile()
     QCOMPARE(unstreamed(bytes, read, QDataStream::BigEndian, static_cast<QDataStream::Version>(version)),
              QDataStream::ReadCorruptData);
     QVERIFY(read.isNull());
+    QCOMPARE(streamed(read), streamed(QDateTime()));
+}
+
+void tst_CDateTimeValue::streamWithoutZone()
+{
+    // Qt crashes when it writes a zone that there is not.
+    const CDateTime nowhere(QDateTime(QDate(2024, 3, 5), QTime(13, 7, 9), QTimeZone("Europe/Atlantis")));
+
+    QVERIFY(!nowhere.isValid());
+    for (const auto version : {QDataStream::Qt_4_6, QDataStream::Qt_5_0, QDataStream::Qt_5_15}) {
+        QCOMPARE(streamed(nowhere, QDataStream::BigEndian, version),
+                 streamed(QDateTime(), QDataStream::BigEndian, version));
+    }
 }
 
 void tst_CDateTimeValue::fitsIntoQVariant()

@@ -211,6 +211,9 @@ void tst_CVariantStreamHostile::lyingLengths_data()
     QTest::newRow("text: odd number of bytes") << fromHexText("0000000a 00 00000003 00410042") << corrupt;
     QTest::newRow("date-time of specification 127")
         << fromHexText("00000010 00 0000000000258ad7 02d0aa10 7f 00000010") << corrupt;
+    QTest::newRow("date-time in a zone that is nowhere")
+        << fromHexText("00000010 00 0000000000258ad7 02d0aa10 03 00000006 004e 004f 0058 00000010")
+        << corrupt;
     QTest::newRow("text of Qt 4's invalid variant") << fromHexText("00000000 01 7ffffffe 0041") << pastEnd;
 }
 

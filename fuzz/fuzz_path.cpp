@@ -1,0 +1,82 @@
+// The helpers that join and tidy paths: any text beside Qt's own view of it. Nothing here touches the disk.
+#include <core/files/CDir.h>
+#include <core/files/CPath.h>
+#include <fuzz/support/Fuzzer.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+constexpr QLatin1Char SLASH('/');
+
+void checkSeparators(const QString& text)
+{
+    const QString ended = CPath::ensurePathSeparatorAtEnd(text);
+    FUZZ_CHECK(ended == (text.endsWith(SLASH) ? text : text + SLASH));
+    FUZZ_CHECK(CPath::ensurePathSeparatorAtEnd(ended) == ended);
+    FUZZ_CHECK(CPath::removePathSeparatorAtEnd(text + SLASH) == text);
+    const QString begun = CPath::ensurePathSeparatorAtStart(text);
+    FUZZ_CHECK(begun == (text.startsWith(SLASH) ? text : SLASH + text));
+    FUZZ_CHECK(CPath::ensurePathSeparatorAtStart(begun) == begun);
+    FUZZ_CHECK(CPath::removePathSeparatorAtStart(SLASH + text) == text);
+    FUZZ_CHECK(CPath::doesFilenameContainPath(text) == text.contains(SLASH));
+}
+
+void checkJoined(const QString& path, const QString& name)
+{
+    const QString file = CPath::addFileNameToPath(path, name);
+    FUZZ_CHECK(file == CPath::ensurePathSeparatorAtEnd(path) + name);
+    FUZZ_CHECK(CDir::addFileNameToPath(path, name) == file);
+    FUZZ_CHECK(CPath::addPathToPath(path, name) == CPath::ensurePathSeparatorAtEnd(file));
+    FUZZ_CHECK(CDir::addPathToPath(path, name) == CPath::addPathToPath(path, name));
+}
+
+void checkNames(const QString& name, const QString& path)
+{
+    FUZZ_CHECK(CPath::filePath(name) == (name.isEmpty() ? QString() : QFileInfo(name).absolutePath()));
+    const QString placed = CPath::prependPathIfNoPathIsGiven(name, path);
+    const bool bare = !name.isEmpty() && !name.contains(SLASH);
+    FUZZ_CHECK(bare ? QFileInfo(placed).isAbsolute() : placed == name);
+    // A name that begins with ":" is one of Qt's resources, which lie in no directory; half a surrogate pair is no name.
+    const bool special = name.startsWith(QLatin1Char(':')) || name == QStringLiteral(".")
+                         || name == QStringLiteral("..") || QString::fromUtf8(name.toUtf8()) != name;
+    if (bare && !special) {
+        FUZZ_CHECK(CPath::trimPathIfPathIsEqual(placed, QFileInfo(path).absolutePath()) == name);
+    }
+    const QString trimmed = CPath::trimPathIfPathIsEqual(name, path);
+    FUZZ_CHECK(trimmed == name || trimmed == QFileInfo(name).fileName());
+}
+
+void checkClean(const QString& name)
+{
+    const QString clean = CPath::cleanFileName(name);
+    const QString bare = QFileInfo(clean).fileName();
+    for (const QChar forbidden : QStringLiteral("<>:!?|\"\t\n\r")) {
+        FUZZ_CHECK(!bare.contains(forbidden));
+    }
+    FUZZ_CHECK(clean.startsWith(QFileInfo(name).absolutePath()));
+}
+
+void checkRelative(const QString& base, const QString& path)
+{
+    const QString relative = CDir::getRelativeSubPath(base, path);
+    if (base.startsWith(SLASH) && path.startsWith(SLASH) && !relative.isEmpty()) {
+        FUZZ_CHECK(QDir::cleanPath(base + SLASH + relative) == QDir::cleanPath(path));
+    }
+}
+
+} // namespace
+
+static void fuzz(Input& input)
+{
+    const QStringList texts = input.texts();
+    const QString first = texts.at(0);
+    const QString second = texts.value(1);
+    checkSeparators(first);
+    checkJoined(first, second);
+    checkNames(first, second);
+    checkClean(first);
+    checkRelative(first, second);
+    FUZZ_CHECK(CDir::getRelativeSubPath(SLASH + first, SLASH + first).isEmpty());
+}
