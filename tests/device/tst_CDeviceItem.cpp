@@ -46,6 +46,7 @@ private Q_SLOTS:
     void valid();
     void everyFieldCounts_data();
     void everyFieldCounts();
+    void subDevicesCompareByKeyAndValue();
     void copyIsApart();
     void addSubDevice();
     void addSubDeviceOfOwn();
@@ -159,6 +160,24 @@ void tst_CDeviceItem::everyFieldCounts()
     QVERIFY(item == other);
     QVERIFY(!(item != other));
     QCOMPARE(qHash(item, 3U), qHash(other, 3U));
+}
+
+void tst_CDeviceItem::subDevicesCompareByKeyAndValue()
+{
+    CDeviceItem item = makeItem();
+    item.addSubDevice(3, CSubDeviceItem(QStringLiteral("Brake")));
+    CDeviceItem other = makeItem();
+    other.addSubDevice(3, CSubDeviceItem(QStringLiteral("Brake")));
+    QVERIFY(item == other);
+    QCOMPARE(qHash(item, 3U), qHash(other, 3U));
+
+    other.subDevices.first().name = QStringLiteral("Fan");
+    QVERIFY(item != other);
+
+    // The same sub-device, its number too, under another key.
+    other.subDevices = {{4, item.subDevices.first()}};
+    QVERIFY(item != other);
+    QVERIFY(!(item == other));
 }
 
 void tst_CDeviceItem::copyIsApart()

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void toDirFilter();
     void entryInfoList_data();
     void entryInfoList();
+    void sortsCapitalsFirst();
     void nameFilters();
     void qtFilters();
     void excludedNames();
@@ -119,6 +120,18 @@ void tst_CDirList::entryInfoList()
     QCOMPARE(names(CDir::entryInfoList(tree.path(), QStringList(), dirFilter)), expected);
     QCOMPARE(names(CDir::entryInfoList(tree.path(), dirFilter, QStringList())), expected);
     QCOMPARE(names(CDir::entryInfoList(tree.path(), QStringList(), CDir::toDirFilter(dirFilter))), expected);
+}
+
+// The order of QDir::Name: by the characters' codes, not as a dictionary has it.
+void tst_CDirList::sortsCapitalsFirst()
+{
+    const FileTree tree({"a=1"_text, "B=2"_text, "c/"_text, "D/"_text});
+    const QStringList expected{"B"_text, "D"_text, "a"_text, "c"_text};
+
+    QCOMPARE(names(CDir::entryInfoList(tree.path(), {}, NtlxGlobal::DIR_FILTER_ALL)), expected);
+    QCOMPARE(names(CDir::entryInfoList(tree.path(), NtlxGlobal::DIR_FILTER_ALL, {})), expected);
+    QCOMPARE(names(CDir::entryInfoList(tree.path(), {}, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot)),
+             expected);
 }
 
 void tst_CDirList::nameFilters()
