@@ -40,6 +40,7 @@ private Q_SLOTS:
     void numberTexts();
     void formsOfObject_data();
     void formsOfObject();
+    void anyFieldMakesItNotEmpty();
 };
 
 void tst_CDeviceHardwareId::defaults()
@@ -350,6 +351,22 @@ void tst_CDeviceHardwareId::formsOfObject()
     if (forms == 0) {
         QCOMPARE(id.hardwareId(), text("N"));
     }
+}
+
+// Not empty is not valid: an identifier without a platform may still hold something.
+void tst_CDeviceHardwareId::anyFieldMakesItNotEmpty()
+{
+    const auto isEmptyOrValidWith = [](auto change) {
+        CDeviceHardwareId id;
+        change(id);
+        return id.isEmpty() || id.isNull() || id.isValid();
+    };
+    QVERIFY(!isEmptyOrValidWith([](CDeviceHardwareId& id) { id.setPrefix(text("A")); }));
+    QVERIFY(!isEmptyOrValidWith([](CDeviceHardwareId& id) { id.setPlatform(1000); }));
+    QVERIFY(!isEmptyOrValidWith([](CDeviceHardwareId& id) { id.setVersion(0); }));
+    QVERIFY(!isEmptyOrValidWith([](CDeviceHardwareId& id) { id.setRevision(0); }));
+    QVERIFY(!isEmptyOrValidWith([](CDeviceHardwareId& id) { id.setName(text("N")); }));
+    QVERIFY(!isEmptyOrValidWith([](CDeviceHardwareId& id) { id.setHardwareId(text("AB12")); }));
 }
 
 QTEST_APPLESS_MAIN(tst_CDeviceHardwareId)
