@@ -2,10 +2,14 @@
 
 #include <core/app/CPublicWait.h>
 
+#include <mutex>
+
 namespace {
 
 constexpr unsigned long CALIBRATION_MS = 100;
 constexpr double CALIBRATION_US = 100000.0;
+
+std::mutex gCalibration;
 
 } // namespace
 
@@ -18,6 +22,7 @@ QString CBenchmarkTimer::unit() const
 
 double CBenchmarkTimer::ticksPerUs()
 {
+    const std::lock_guard<std::mutex> lock(gCalibration);
     if (mTicksPerUs < 0.0) {
         CBenchmarkTimer timer;
         timer.start();

@@ -41,9 +41,11 @@ public:
     QString unit() const;
 
     /// Ticks per microsecond. The first call measures them, which takes 100 ms; later ones return what it found.
+    /// Threads that call it meanwhile wait.
     static double ticksPerUs();
 
-    /// The result of the calibration; negative while there was none. Not guarded: calibrate on one thread first.
+    /// The result of the calibration; negative while there was none. Not guarded: read it behind a call of
+    /// ticksPerUs(), write it on one thread.
     static double mTicksPerUs;
 
 private:

@@ -7,6 +7,7 @@
 #include <QSettings>
 
 #include <memory>
+#include <mutex>
 
 #ifdef TLXCORE_STATIC
 // A static library has no moment of loading at which its resource would register itself.
@@ -36,6 +37,7 @@ struct CCompanyStrings::SSettings
 
     QString fileName;
     std::unique_ptr<QSettings> settings;
+    std::mutex mutex; ///< Threads share the one opened file, its opening included.
 
 private:
     void open();
@@ -45,6 +47,7 @@ TLX_CONSTINIT CCompanyStrings::SSettings CCompanyStrings::mSettings;
 
 QString CCompanyStrings::SSettings::value(const QString& key)
 {
+    const std::lock_guard<std::mutex> lock(mutex);
     if (!settings) {
         open();
     }

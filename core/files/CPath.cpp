@@ -1,9 +1,9 @@
 #include <core/files/CPath.h>
 
 #include <core/StaticObjects.h>
+#include <core/files/ApplicationPath.h>
 #include <core/files/Platform.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -34,7 +34,7 @@ constexpr auto COMPANY = NStatic::text("TARVENIK/");
 // The directory is named by text alone: it need not exist any more.
 QString installDirectory()
 {
-    return QFileInfo(QDir(QCoreApplication::applicationDirPath()).absolutePath()).absolutePath();
+    return QFileInfo(QDir(NApplicationPath::directory()).absolutePath()).absolutePath();
 }
 
 bool isSeparator(QChar character)

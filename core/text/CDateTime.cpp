@@ -5,7 +5,6 @@
 
 #include <QDataStream>
 #include <QDebug>
-#include <QTimeZone>
 #include <QtEndian>
 
 #include <algorithm>
@@ -189,10 +188,7 @@ void CDateTime::setFields(const QDate& date, const QTime& time)
 
 QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime)
 {
-    // A zone that there is not makes the date-time not valid, and Qt crash when it writes it.
-    const QDateTime& held = dateTime.mDateTime;
-    const bool nowhere = held.timeSpec() == Qt::TimeZone && !held.timeZone().isValid();
-    return stream << (nowhere ? QDateTime() : held);
+    return stream << NDateTimeStream::writable(dateTime.mDateTime);
 }
 
 QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime)

@@ -1,6 +1,7 @@
 #include <core/text/CStr.h>
 
 #include <core/app/CCompanyStrings.h>
+#include <core/files/ApplicationPath.h>
 #include <core/files/CPath.h>
 
 #include <QCoreApplication>
@@ -172,7 +173,7 @@ QString CStr::memSizeToString(long long bytes)
 
 QString CStr::createLogFileName(QString baseName, bool withThreadId)
 {
-    const QString file = baseName.isEmpty() ? QCoreApplication::applicationFilePath() : baseName;
+    const QString file = baseName.isEmpty() ? NApplicationPath::file() : baseName;
     QString name = QFileInfo(file).completeBaseName();
     if (withThreadId) {
         name += QStringLiteral("_TID%1").arg(reinterpret_cast<quintptr>(QThread::currentThreadId()), 0, 16);

@@ -115,4 +115,10 @@ bool read(QDataStream& stream, QDateTime& dateTime)
     return false;
 }
 
+QDateTime writable(const QDateTime& dateTime)
+{
+    const bool hasNoZone = dateTime.timeSpec() == Qt::TimeZone && !dateTime.timeZone().isValid();
+    return hasNoZone ? QDateTime() : dateTime;
+}
+
 } // namespace NDateTimeStream

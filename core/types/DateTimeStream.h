@@ -13,6 +13,10 @@ namespace NDateTimeStream {
  */
 bool read(QDataStream& stream, QDateTime& dateTime);
 
+/// The date-time that may go to QDateTime's stream operator: one in a zone that this system does not know, which is not
+/// valid and with which that operator crashes, becomes a null one.
+QDateTime writable(const QDateTime& dateTime);
+
 } // namespace NDateTimeStream
 
 #endif // TLXCORE_DATETIMESTREAM_H

@@ -1,26 +1,9 @@
 #include <core/device/CDeviceHardwareId.h>
 #include <core/device/CIPv6Address.h>
 #include <core/device/CMotorBaseName.h>
+#include <tests/support/AllocationCounter.h>
 
 #include <QtTest>
-
-#include <atomic>
-#include <cstddef>
-
-namespace {
-
-std::atomic<int> gAllocations{0};
-
-} // namespace
-
-// The C library's own function under the name that libraries call: every allocation of the process is counted.
-extern "C" void* __libc_malloc(std::size_t size);
-
-extern "C" Q_DECL_EXPORT void* malloc(std::size_t size)
-{
-    ++gAllocations;
-    return __libc_malloc(size);
-}
 
 /// How often the operations of the hot paths allocate.
 class tst_DeviceAllocations : public QObject
@@ -37,9 +20,9 @@ private:
     template <typename Work>
     static int allocationsOf(Work work)
     {
-        const int before = gAllocations;
+        const qint64 before = AllocationCounter::count();
         work();
-        return gAllocations - before;
+        return static_cast<int>(AllocationCounter::count() - before);
     }
 };
 

@@ -20,9 +20,8 @@ QStringList InstalledProgram::environment() const
             QLatin1String("APPDATA=") + appdata()};
 }
 
-QMap<QString, QString> InstalledProgram::run(const QStringList& arguments, const QStringList& unset) const
+QProcessEnvironment InstalledProgram::variables() const
 {
-    QProcess process;
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     const QStringList own = environment();
     for (const QString& text : own) {
@@ -31,6 +30,13 @@ QMap<QString, QString> InstalledProgram::run(const QStringList& arguments, const
     // The copy finds the library where the original does: on Windows beside that.
     const QString path = variables.value(QStringLiteral("PATH"));
     variables.insert(QStringLiteral("PATH"), mOrigin + QDir::listSeparator() + path);
+    return variables;
+}
+
+QMap<QString, QString> InstalledProgram::run(const QStringList& arguments, const QStringList& unset) const
+{
+    QProcess process;
+    QProcessEnvironment variables = this->variables();
     for (const QString& name : unset) {
         variables.remove(name);
     }

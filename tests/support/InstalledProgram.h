@@ -2,6 +2,7 @@
 #define TLXTEST_INSTALLEDPROGRAM_H
 
 #include <QMap>
+#include <QProcessEnvironment>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -27,6 +28,9 @@ public:
 
     /// The variables that it runs with, as "NAME=value".
     QStringList environment() const;
+
+    /// Those of this process, with environment() and where the copy finds the library.
+    QProcessEnvironment variables() const;
 
     /// Runs it and gives its answers by name; empty when it fails. `unset` names variables that it must not see.
     QMap<QString, QString> run(const QStringList& arguments = {}, const QStringList& unset = {}) const;
