@@ -3,7 +3,6 @@
 #include <core/types/CString128.h>
 #include <core/types/CString32.h>
 #include <core/types/CString64.h>
-#include <core/types/TypeTable.h>
 
 namespace NTypes {
 
@@ -24,22 +23,6 @@ const SMetaTypes& metaTypes()
     static const SMetaTypes numbers = {registerWithStream<CString32>(), registerWithStream<CString64>(),
                                        registerWithStream<CString128>(), registerWithStream<tsDateTime>()};
     return numbers;
-}
-
-int payloadMetaType(ETypes type)
-{
-    switch (type) {
-    case TYPE_STRING32:
-        return metaTypes().string32;
-    case TYPE_STRING64:
-        return metaTypes().string64;
-    case TYPE_STRING128:
-        return metaTypes().string128;
-    case TYPE_DATETIME:
-        return metaTypes().dateTime;
-    default:
-        return typeInfo(type).payload;
-    }
 }
 
 void registerMetaTypes()

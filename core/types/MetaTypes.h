@@ -20,9 +20,6 @@ struct SMetaTypes
  */
 const SMetaTypes& metaTypes();
 
-/// The QMetaType number of the payload that a value of this type is kept in; 0 where no value exists.
-int payloadMetaType(ETypes type);
-
 } // namespace NTypes
 
 #endif // TLXCORE_METATYPES_H
