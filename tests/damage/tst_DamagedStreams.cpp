@@ -85,6 +85,7 @@ private Q_SLOTS:
     void cut_data();
     void cut();
     void zone();
+    void oldTypeNumbers();
     void countsMemory();
 };
 
@@ -216,6 +217,17 @@ void tst_DamagedStreams::zone()
     QVERIFY(unknown > 0);
     for (int length = 0; length < bytes.size(); ++length) {
         QVERIFY(!readAs<CDateTime>(bytes.left(length), BIG).saysOk);
+    }
+}
+
+// The numbers of Qt 3 end at 34.
+void tst_DamagedStreams::oldTypeNumbers()
+{
+    for (const quint32 number : {35U, 99U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+        CVariant value(1);
+        const QByteArray bytes = streamed(number) + QByteArray(16, '\0');
+        QCOMPARE(unstreamed(bytes, value, BIG, QDataStream::Qt_3_3), QDataStream::ReadCorruptData);
+        QCOMPARE(value.type(), NTypes::TYPE_UNKNOWN);
     }
 }
 
