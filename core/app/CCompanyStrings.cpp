@@ -23,6 +23,9 @@ namespace {
 
 constexpr auto FILE_NAME = NStatic::text("Setup.Ini");
 
+// Threads share the one opened file, its opening included.
+std::mutex gMutex;
+
 } // namespace
 
 /// The opened file; closed when the library is unloaded.
@@ -37,7 +40,6 @@ struct CCompanyStrings::SSettings
 
     QString fileName;
     std::unique_ptr<QSettings> settings;
-    std::mutex mutex; ///< Threads share the one opened file, its opening included.
 
 private:
     void open();
@@ -47,7 +49,7 @@ TLX_CONSTINIT CCompanyStrings::SSettings CCompanyStrings::mSettings;
 
 QString CCompanyStrings::SSettings::value(const QString& key)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
+    const std::lock_guard<std::mutex> lock(gMutex);
     if (!settings) {
         open();
     }
