@@ -61,6 +61,11 @@ QString CStr::createDate(const QLocale& locale, const QString& compilerDate)
 
 QDate CStr::createQDateFrom__DATE__(const QString& compilerDate)
 {
+    // Qt makes its calendar at the first date that a locale reads or shows, and guards nothing: of two threads that begin
+    // together one would find no date.
+    static const QDate first =
+        QLocale::c().toDate(QStringLiteral("Jan 01 2000"), QStringLiteral("MMM dd yyyy"));
+    Q_UNUSED(first)
     QStringList parts = compilerDate.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     if (parts.size() != 3) {
         return QDate();
