@@ -147,7 +147,7 @@ void tst_CDirFailingWorld::longestNames()
     QVERIFY(!QFileInfo::exists(tree.path("copy"_text)));
 }
 
-// Qt cannot say such a name: it is neither copied nor removed, and that is no success.
+// Qt's listings leave such a name out: its directory is not removed, and that is no success.
 void tst_CDirFailingWorld::undecodableNames()
 {
     const FileTree tree({"source/f=1"_text, "only/"_text});
@@ -157,13 +157,8 @@ void tst_CDirFailingWorld::undecodableNames()
 
     for (const char* name : {"source", "only"}) {
         const QString directory = tree.path(QLatin1String(name));
-        const QString copy = directory + "-copy"_text;
-        const bool copied = printedRun([&] { return CDir::copyDirectoryRecursive(directory, copy); }).result;
-        QCOMPARE(copied,
-                 QDir(copy).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
-                     == QDir(directory).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot));
-        const bool removed = CDir::removeDirectoryRecursive(directory);
-        QCOMPARE(removed, !QFileInfo::exists(directory));
+        QVERIFY(!CDir::removeDirectoryRecursive(directory));
+        QVERIFY(QFileInfo::exists(directory));
     }
 }
 
