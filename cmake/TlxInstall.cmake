@@ -48,9 +48,10 @@ install(FILES "${PROJECT_BINARY_DIR}/tlxCore.pc" DESTINATION "${CMAKE_INSTALL_LI
 option(TLXCORE_DEBIAN_DOCS "Install each package's copyright and changelog where Debian wants them" OFF)
 if(TLXCORE_DEBIAN_DOCS)
     find_program(GZIP gzip REQUIRED)
+    configure_file(packaging/debian/changelog.in "${PROJECT_BINARY_DIR}/changelog" @ONLY)
     add_custom_command(OUTPUT "${PROJECT_BINARY_DIR}/changelog.gz"
-        COMMAND "${GZIP}" -9nc "${PROJECT_SOURCE_DIR}/CHANGELOG.md" > "${PROJECT_BINARY_DIR}/changelog.gz"
-        DEPENDS CHANGELOG.md VERBATIM)
+        COMMAND "${GZIP}" -9nc "${PROJECT_BINARY_DIR}/changelog" > "${PROJECT_BINARY_DIR}/changelog.gz"
+        DEPENDS "${PROJECT_BINARY_DIR}/changelog" VERBATIM)
     add_custom_target(debian_docs ALL DEPENDS "${PROJECT_BINARY_DIR}/changelog.gz")
     foreach(pair runtime:libtlxcore${PROJECT_VERSION_MAJOR} development:libtlxcore-dev tools:tlxcore-tools
             documentation:tlxcore-doc)
