@@ -69,7 +69,8 @@ bool dates(int seed)
     const CVariant packed = CVariant::fromStr(QStringLiteral("2020-06-01T12:00:00"), NTypes::TYPE_DATETIME);
     bool ok = false;
     value.toU64(&ok);
-    return survives(value) && ok && survives(packed) && packed.toU64(&ok) == (quint64(0x07E40601) << 32 | 0x0C000000) && ok;
+    return survives(value) && ok && survives(packed)
+           && packed.toU64(&ok) == (quint64(0x07E40601) << 32 | 0x0C000000) && ok;
 }
 
 // Reading may be the first that a process does with the library's own types.
