@@ -16,8 +16,10 @@ InstalledProgram::InstalledProgram(const QString& program)
 
 QStringList InstalledProgram::environment() const
 {
+    // The copy finds the library where the original does: on Windows beside that.
+    const QString path = mOrigin + QDir::listSeparator() + QString::fromLocal8Bit(qgetenv("PATH"));
     return {QLatin1String("HOME=") + home(), QLatin1String("USERPROFILE=") + home(),
-            QLatin1String("APPDATA=") + appdata()};
+            QLatin1String("APPDATA=") + appdata(), QLatin1String("PATH=") + path};
 }
 
 QProcessEnvironment InstalledProgram::variables() const
@@ -27,9 +29,6 @@ QProcessEnvironment InstalledProgram::variables() const
     for (const QString& text : own) {
         variables.insert(text.section(QLatin1Char('='), 0, 0), text.section(QLatin1Char('='), 1));
     }
-    // The copy finds the library where the original does: on Windows beside that.
-    const QString path = variables.value(QStringLiteral("PATH"));
-    variables.insert(QStringLiteral("PATH"), mOrigin + QDir::listSeparator() + path);
     return variables;
 }
 

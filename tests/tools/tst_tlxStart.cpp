@@ -214,7 +214,8 @@ void tst_tlxStart::noLogWithoutAppdata()
     const bool wasSet = qEnvironmentVariableIsSet("APPDATA");
     qunsetenv("APPDATA");
 
-    const STlxRun run = runTlx(words("start --json"), {}, tlx.program());
+    const STlxRun run =
+        runTlx(words("start --json"), tlx.environment().filter(QStringLiteral("PATH=")), tlx.program());
 
     if (wasSet) {
         qputenv("APPDATA", before);
