@@ -29,7 +29,7 @@ std::mutex gMutex;
 } // namespace
 
 /// The opened file; closed when the library is unloaded.
-struct CCompanyStrings::SSettings
+struct Q_DECL_HIDDEN CCompanyStrings::SSettings
 {
     constexpr SSettings()
         : fileName(NStatic::data(FILE_NAME))
