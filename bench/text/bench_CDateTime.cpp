@@ -2,7 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
-// Packing and unpacking beside the QDateTime calls that they cannot avoid. Argument: the time specification.
+// Packing and unpacking beside the QDateTime calls that they cannot avoid. Argument: the time spec.
 namespace {
 
 constexpr long long PACKED = 0x07E803050D07092DLL;

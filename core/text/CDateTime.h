@@ -13,7 +13,7 @@ class QDataStream;
 class QDebug;
 
 /**
- * @brief A date-time with its time specification, and the forms in which devices carry it.
+ * @brief A date-time with its time spec, and the forms in which devices carry it.
  *
  * Wraps a QDateTime (Gregorian calendar, milliseconds, local time, UTC or an offset). Devices carry a calendar
  * breakdown without a zone: the record NTypes::tsDateTime, or the same eight bytes as one packed number, least
@@ -47,20 +47,20 @@ public:
     CDateTime& operator=(const CDateTime& other) = default;
     virtual ~CDateTime();
 
-    /// Takes `dateTime` with its time specification.
+    /// Takes `dateTime` with its time spec.
     CDateTime& operator=(const QDateTime& dateTime);
 
-    /// Takes the fields of the packed form; the time specification stays.
+    /// Takes the fields of the packed form; the time spec stays.
     CDateTime& operator=(const long long& packed);
 
-    /// Takes the fields of the record; the time specification stays.
+    /// Takes the fields of the record; the time spec stays.
     CDateTime& operator=(const NTypes::tsDateTime& record);
 
-    /// Sets the date; time and specification stay. An impossible date makes the date-time not valid.
+    /// Sets the date; time and time spec stay. An impossible date makes the date-time not valid.
     void setDate(const NTypes::tsDate& date);
 
     /**
-     * @brief Sets the time of day; date and specification stay.
+     * @brief Sets the time of day; date and time spec stay.
      *
      * An impossible time makes the date-time not valid, which takes its date away: a date set afterwards starts at
      * midnight.
@@ -68,20 +68,20 @@ public:
     void setTime(const NTypes::tsTime& time);
 
     /**
-     * @brief Converts into `spec`: the instant stays, the fields change. The same specification changes nothing.
+     * @brief Converts into `spec`: the instant stays, the fields change. The same time spec changes nothing.
      *
      * As with QDateTime, Qt::OffsetFromUTC gives UTC and Qt::TimeZone local time, and the fields of a date-time that
      * is not valid stay.
      */
     void setTimeSpec(Qt::TimeSpec spec);
 
-    /// The time specification held.
+    /// The time spec held.
     Qt::TimeSpec timeSpec() const;
 
     /// True when neither a date nor a time is held.
     bool isNull() const;
 
-    /// True for an existing date and time of day in the specification held.
+    /// True for an existing date and time of day in the time spec held.
     bool isValid() const;
 
     /// The date-time converted into `spec`.
@@ -105,7 +105,7 @@ public:
     /// From the first 8 bytes of `bytes`, little-endian; missing bytes count as zero.
     static CDateTime fromI64ByteArray(const QByteArray& bytes, Qt::TimeSpec spec);
 
-    /// Comparisons of instants, whatever the specifications; those of QDateTime.
+    /// Comparisons of instants, whatever the time specs; those of QDateTime.
     bool operator==(const CDateTime& other) const;
     bool operator!=(const CDateTime& other) const;
     bool operator<(const CDateTime& other) const;
@@ -129,7 +129,7 @@ private:
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime);
 
 /// Reads QDateTime's stream format. A stream that ends early says so in its status and leaves what QDateTime leaves; a
-/// time specification or a name of a time zone that is none sets ReadCorruptData and leaves a null date-time.
+/// time spec or a name of a time zone that is none sets ReadCorruptData and leaves a null date-time.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime);
 
 /// Equal for equal instants.

@@ -4,9 +4,9 @@
 #include <QDateTime>
 #include <QTimeZone>
 
-// The layout: date and time of day; from Qt 4.0 the specification (8 bits), whose numbers are those of Qt::TimeSpec in
+// The layout: date and time of day; from Qt 4.0 the time spec (8 bits), whose numbers are those of Qt::TimeSpec in
 // Qt 5.0 and from 5.2, and Qt 4's own in between and before; from 5.2 an offset (32 bits) or a time zone behind it. The
-// fields are in the specification, but in UTC at 5.0.
+// fields are in the time spec, but in UTC at 5.0.
 namespace NDateTimeStream {
 
 namespace {

@@ -8,7 +8,7 @@ namespace NDateTimeStream {
 
 /**
  * Reads what QDateTime's stream operator wrote, at every version as that operator reads it, but for what makes it, or
- * its writer, crash or open files: a time specification that is none, a time zone that there is not, and one whose name
+ * its writer, crash or open files: a time spec that is none, a time zone that there is not, and one whose name
  * leaves the folder of time zones, give a null date-time, ReadCorruptData and false.
  */
 bool read(QDataStream& stream, QDateTime& dateTime);

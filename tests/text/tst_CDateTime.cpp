@@ -32,7 +32,7 @@ QDateTime inZone()
 
 } // namespace
 
-/// Construction, the packed forms, time specifications. Comparison and streams: tst_CDateTimeValue.
+/// Construction, the packed forms, time specs. Comparison and streams: tst_CDateTimeValue.
 class tst_CDateTime : public QObject
 {
     Q_OBJECT

@@ -48,7 +48,7 @@ void tst_CDateTimeValue::compares_data()
     QTest::addColumn<int>("order");
 
     QTest::newRow("same") << CDateTime(utc(13)) << CDateTime(utc(13)) << 0;
-    QTest::newRow("same instant, other specification") << CDateTime(utc(13)) << CDateTime(ahead(15)) << 0;
+    QTest::newRow("same instant, other time spec") << CDateTime(utc(13)) << CDateTime(ahead(15)) << 0;
     QTest::newRow("earlier, same fields") << CDateTime(ahead(13)) << CDateTime(utc(13)) << -1;
     QTest::newRow("later") << CDateTime(utc(14)) << CDateTime(utc(13)) << 1;
     QTest::newRow("null and null") << CDateTime() << CDateTime() << 0;
@@ -158,13 +158,13 @@ void tst_CDateTimeValue::streamAsQDateTime()
 void tst_CDateTimeValue::streamHostile_data()
 {
     QTest::addColumn<int>("version");
-    QTest::addColumn<QByteArray>("specification");
+    QTest::addColumn<QByteArray>("timeSpec");
 
-    QTest::newRow("5.15, specification 4") << int(QDataStream::Qt_5_15) << fromHexText("04");
-    QTest::newRow("5.15, specification 127") << int(QDataStream::Qt_5_15) << fromHexText("7f");
-    QTest::newRow("5.15, specification -1") << int(QDataStream::Qt_5_15) << fromHexText("ff");
-    QTest::newRow("5.0, specification 127") << int(QDataStream::Qt_5_0) << fromHexText("7f");
-    QTest::newRow("5.0, specification -1") << int(QDataStream::Qt_5_0) << fromHexText("ff");
+    QTest::newRow("5.15, time spec 4") << int(QDataStream::Qt_5_15) << fromHexText("04");
+    QTest::newRow("5.15, time spec 127") << int(QDataStream::Qt_5_15) << fromHexText("7f");
+    QTest::newRow("5.15, time spec -1") << int(QDataStream::Qt_5_15) << fromHexText("ff");
+    QTest::newRow("5.0, time spec 127") << int(QDataStream::Qt_5_0) << fromHexText("7f");
+    QTest::newRow("5.0, time spec -1") << int(QDataStream::Qt_5_0) << fromHexText("ff");
     const QByteArray up = streamed(QStringLiteral("../../../etc/passwd"));
     const QByteArray offset = streamed(QStringLiteral("OffsetFromUtc"));
     QTest::newRow("zone above its folder") << int(QDataStream::Qt_5_15) << "\x03" + up;
@@ -181,8 +181,8 @@ void tst_CDateTimeValue::streamHostile_data()
 void tst_CDateTimeValue::streamHostile()
 {
     QFETCH(int, version);
-    QFETCH(QByteArray, specification);
-    const QByteArray bytes = fromHexText("0000000000258ad7 02d0aa10") + specification;
+    QFETCH(QByteArray, timeSpec);
+    const QByteArray bytes = fromHexText("0000000000258ad7 02d0aa10") + timeSpec;
     CDateTime read(utc(13));
 
     QCOMPARE(unstreamed(bytes, read, QDataStream::BigEndian, static_cast<QDataStream::Version>(version)),

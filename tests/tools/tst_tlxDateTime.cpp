@@ -17,7 +17,7 @@ QString form(const STlxRun& run, const char* section, const char* key)
 
 } // namespace
 
-/// `tlx datetime`: a text, a packed number or 8 bytes, in both time specifications.
+/// `tlx datetime`: a text, a packed number or 8 bytes, in both time specs.
 class tst_tlxDateTime : public QObject
 {
     Q_OBJECT

@@ -158,8 +158,8 @@ void tst_tlxStream::damaged_data()
     QTest::newRow("no type number") << good + good + QByteArray(13, '\x55') << variant << 2 << 26;
     QTest::newRow("tag 21") << good + fromHexText("00000002 00 00000005 00000015") << variant << 1 << 22;
     QTest::newRow("unit 8") << fromHexText("0000000000000005 00000008") << QStringLiteral("time") << 0 << 8;
-    QTest::newRow("time specification 9")
-        << fromHexText("0000000000258ad7 02d0aa10 09") << QStringLiteral("datetime") << 0 << 0;
+    QTest::newRow("time spec 9") << fromHexText("0000000000258ad7 02d0aa10 09") << QStringLiteral("datetime")
+                                 << 0 << 0;
     QTest::newRow("text of odd bytes") << fromHexText("00000003 410042") << QStringLiteral("text") << 0 << 0;
     QTest::newRow("text longer than the file")
         << fromHexText("7ffffffe 0041") << QStringLiteral("text") << 0 << 0;

@@ -209,7 +209,7 @@ void tst_CVariantStreamHostile::lyingLengths_data()
     QTest::newRow("text: 1 GiB") << fromHexText("0000000a 00 40000000 00410042") << pastEnd;
     QTest::newRow("text: 4 GiB less 2") << fromHexText("0000000a 00 fffffffe 00410042") << pastEnd;
     QTest::newRow("text: odd number of bytes") << fromHexText("0000000a 00 00000003 00410042") << corrupt;
-    QTest::newRow("date-time of specification 127")
+    QTest::newRow("date-time of time spec 127")
         << fromHexText("00000010 00 0000000000258ad7 02d0aa10 7f 00000010") << corrupt;
     QTest::newRow("date-time in a zone that is nowhere")
         << fromHexText("00000010 00 0000000000258ad7 02d0aa10 03 00000006 004e 004f 0058 00000010")
