@@ -16,7 +16,8 @@ bool numberTexts(int seed)
     const QString text = QString::number(1000 + seed);
     return CStr::strToU16(text, &ok, 10) == 1000 + seed && ok && CStr::strToF64(text, &ok) == 1000 + seed
            && CStr::nTypeToStr(NTypes::TYPE_U8) == QLatin1String("U8")
-           && CStr::doubleToString(0.5, 3).startsWith(QLatin1String("0.5"));
+           && CStr::doubleToString(0.5, 3)
+                  == QLatin1Char('0') + QString(QLocale().decimalPoint()) + QLatin1String("500");
 }
 
 bool phrases(int seed)
