@@ -18,8 +18,10 @@ bool directories(int seed)
     const QString source = directory.path() + QStringLiteral("/source/%1").arg(seed);
     const QString copy = directory.path() + QStringLiteral("/copy");
     QFile file(source + QStringLiteral("/file"));
-    return directory.isValid() && CDir::copyDirectory(QString(), source) && file.open(QIODevice::WriteOnly)
-           && CDir::copyDirectoryRecursive(source, copy)
+    const bool isMade =
+        directory.isValid() && CDir::copyDirectory(QString(), source) && file.open(QIODevice::WriteOnly);
+    file.close(); // Windows removes no open file
+    return isMade && CDir::copyDirectoryRecursive(source, copy)
            && CDir::copyFileF(file.fileName(), copy + QStringLiteral("/file"))
            && CDir::listFilesAndDirectories(copy).size() == 2
            && CDir::entryInfoList(copy, {}, NtlxGlobal::DIR_FILTER_FILES).size() == 1
