@@ -2,6 +2,7 @@
 
 #include <core/types/DateTimeStream.h>
 #include <core/types/PackedDateTime.h>
+#include <core/types/QtCalendar.h>
 
 #include <QDataStream>
 #include <QDebug>
@@ -16,6 +17,7 @@ constexpr int MS_PER_HUNDREDTH = 10;
 
 QDate dateOf(const NTypes::tsDate& date)
 {
+    makeQtCalendar();
     return QDate(date.year, date.month, date.day);
 }
 
@@ -84,7 +86,7 @@ void CDateTime::setTime(const NTypes::tsTime& time)
 void CDateTime::setTimeSpec(Qt::TimeSpec spec)
 {
     if (spec != mDateTime.timeSpec()) {
-        mDateTime = mDateTime.toTimeSpec(spec);
+        mDateTime = toQDateTime(spec);
     }
 }
 
@@ -105,6 +107,7 @@ bool CDateTime::isValid() const
 
 QDateTime CDateTime::toQDateTime(Qt::TimeSpec spec) const
 {
+    makeQtCalendar();
     return mDateTime.toTimeSpec(spec);
 }
 
@@ -204,6 +207,7 @@ uint qHash(const CDateTime& dateTime, uint seed) noexcept
 
 QDebug operator<<(QDebug debug, const CDateTime& dateTime)
 {
+    makeQtCalendar();
     const QDebugStateSaver saver(debug);
     debug.nospace() << "CDateTime(" << dateTime.mDateTime.toString(Qt::ISODateWithMs) << ')';
     return debug;

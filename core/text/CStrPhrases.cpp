@@ -3,6 +3,7 @@
 #include <core/app/CCompanyStrings.h>
 #include <core/files/ApplicationPath.h>
 #include <core/files/CPath.h>
+#include <core/types/QtCalendar.h>
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -61,11 +62,7 @@ QString CStr::createDate(const QLocale& locale, const QString& compilerDate)
 
 QDate CStr::createQDateFrom__DATE__(const QString& compilerDate)
 {
-    // Qt makes its calendar at the first date that a locale reads or shows, and guards nothing: of two threads that begin
-    // together one would find no date.
-    static const QDate first =
-        QLocale::c().toDate(QStringLiteral("Jan 01 2000"), QStringLiteral("MMM dd yyyy"));
-    Q_UNUSED(first)
+    makeQtCalendar();
     QStringList parts = compilerDate.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     if (parts.size() != 3) {
         return QDate();

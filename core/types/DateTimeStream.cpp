@@ -1,5 +1,7 @@
 #include <core/types/DateTimeStream.h>
 
+#include <core/types/QtCalendar.h>
+
 #include <QDataStream>
 #include <QDateTime>
 #include <QTimeZone>
@@ -80,6 +82,7 @@ bool readInSpec(QDataStream& stream, const SFields& fields, QDateTime& dateTime)
 
 bool readAtVersion(QDataStream& stream, QDateTime& dateTime)
 {
+    makeQtCalendar();
     SFields fields;
     stream >> fields.date >> fields.time;
     const int version = stream.version();
