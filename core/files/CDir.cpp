@@ -138,10 +138,10 @@ void walk(const QString& path, const QStringList& nameFilters, QDir::Filters fil
     }
 }
 
-// A directory that a walk had to leave out would be missing in a copy.
-bool isHiddenFromWalk(const QFileInfo& info)
+// What a walk cannot see below a directory would be missing in a copy.
+bool hidesEntries(const QFileInfo& directory)
 {
-    return info.isDir() && !info.isSymLink() && !info.isReadable();
+    return !directory.isReadable() || NPlatform::hasUnlistedEntry(directory.filePath());
 }
 
 } // namespace
@@ -234,7 +234,8 @@ bool CDir::copyDirectoryRecursive(const QString& src, const QString& dst)
 bool CDir::copyDirectoryRecursive(const QString& src, const QString& dst,
                                   const std::function<void(int, int)>& progress)
 {
-    if (!isPath(src) || !isPath(dst) || isHiddenFromWalk(QFileInfo(src))) {
+    const QFileInfo source(src);
+    if (!isPath(src) || !isPath(dst) || (source.isDir() && hidesEntries(source))) {
         return false;
     }
     const QFileInfoList entries = entryInfoListRecursive(src, {}, WALKED);
@@ -244,7 +245,8 @@ bool CDir::copyDirectoryRecursive(const QString& src, const QString& dst,
         const QString path = entry.filePath();
         const QString copy = target + getRelativeSubPath(src, path);
         const bool copied = entry.isDir() ? copyDirectory(path, copy) : copyFile(path, copy);
-        if (!copied || isHiddenFromWalk(entry)) {
+        const bool isTree = entry.isDir() && !entry.isSymLink();
+        if (!copied || (isTree && hidesEntries(entry))) {
             return false;
         }
         progress(++done, entries.size());

@@ -90,7 +90,8 @@ public:
      *
      * The source is listed before the first copy, so `dst` may lie inside `src`. Hidden entries, devices, pipes and
      * links to nothing are left out. A link to a file becomes a copy of that file, one to a directory an empty
-     * directory. Stops at the first failure: a file that exists already, a directory that cannot be read.
+     * directory. Stops at the first failure: a file that exists already, a directory that cannot be read, one that
+     * holds a name in no encoding of the system, which no listing shows.
      *
      * @return true when all is copied, also when there is nothing under `src`; `dst` is not created then
      */

@@ -1,8 +1,9 @@
 #include <core/files/CTar.h>
 
+#include <core/files/Platform.h>
 #include <core/files/TarBlocks.h>
 #include <core/files/TarHeader.h>
-#include <core/files/TarNames.h>
+#include <core/files/TarIndex.h>
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -41,16 +42,16 @@ bool isRegularOrMissing(const QString& fileName)
 
 } // namespace
 
-CTar::CTar() = default;
+CTar::CTar()
+    : mIndex(std::make_unique<TarIndex>())
+{}
 
 CTar::~CTar() = default;
 
 bool CTar::loadFile(const QString& fileName)
 {
     mFile.close();
-    mNames.clear();
-    mInfos.clear();
-    mLookup.reset();
+    mIndex->clear();
     if (!open(fileName)) {
         return false;
     }
@@ -67,30 +68,27 @@ bool CTar::loadFile(const QString& fileName)
 
 int CTar::count() const
 {
-    return mInfos.size();
+    return mIndex->count();
 }
 
 QStringList CTar::names() const
 {
-    return mNames;
+    return mIndex->names();
 }
 
 QList<CTarFileInfo> CTar::infos() const
 {
-    return mInfos;
+    return mIndex->infos();
 }
 
 CTarFileInfo CTar::info(int index) const
 {
-    return mInfos.value(index);
+    return mIndex->contains(index) ? mIndex->info(index) : CTarFileInfo();
 }
 
 int CTar::index(const QString& name) const
 {
-    if (!mLookup) {
-        mLookup = std::make_unique<TarNames>();
-    }
-    return mLookup->find(mNames, name);
+    return mIndex->find(name);
 }
 
 bool CTar::file(int index, QByteArray& data)
@@ -98,13 +96,13 @@ bool CTar::file(int index, QByteArray& data)
     if (!mFile.isOpen()) {
         return fail(QCoreApplication::translate("CTar", "ERROR: You must open an archive first !"));
     }
-    if (index < 0 || index >= count()) {
+    if (!mIndex->contains(index)) {
         return fail(
             QCoreApplication::translate("CTar", "ERROR: Index %1 must be between the limits 0 and %2. !")
                 .arg(index)
                 .arg(count()));
     }
-    return readData(mInfos.at(index), data);
+    return readData(mIndex->position(index) + BLOCK, mIndex->size(index), data);
 }
 
 bool CTar::file(const QString& name, QByteArray& data)
@@ -167,45 +165,29 @@ bool CTar::readHeader(TarBlocks& blocks, qint64& pos, bool& end)
     if (size < 0 || size > largestSize(pos)) {
         return false;
     }
-    append(header, size, pos);
+    mIndex->append(header, size, pos);
     pos += BLOCK + roundedToBlocks(size);
     return true;
 }
 
-void CTar::append(const TarHeader& header, qint64 size, qint64 pos)
+bool CTar::readData(qint64 start, qint64 size, QByteArray& data)
 {
-    mInfos.append(CTarFileInfo());
-    CTarFileInfo& info = mInfos.last();
-    info.mType = header.type();
-    info.mName = header.name();
-    info.mLinkName = header.linkName();
-    info.mSize = size;
-    info.mPos = pos;
-    mNames.append(info.mName);
-}
-
-bool CTar::readData(const CTarFileInfo& info, QByteArray& data)
-{
-    const qint64 start = info.mPos + BLOCK;
-    if (!mFile.seek(start)) {
-        return fail(mFile.errorString());
-    }
-    const bool fits = info.mSize <= BYTE_ARRAY_MAX;
-    if (mFileSize - start < info.mSize) {
+    const bool fits = size <= BYTE_ARRAY_MAX;
+    if (mFileSize - start < size) {
         mFileSize = mFile.size(); // it may have grown
     }
     qint64 count = fits ? std::max<qint64>(mFileSize - start, 0) : 0;
-    if (count >= info.mSize) {
-        QByteArray bytes(static_cast<int>(info.mSize), Qt::Uninitialized);
-        count = std::max<qint64>(mFile.read(bytes.data(), info.mSize), 0);
-        if (count == info.mSize) {
+    if (count >= size) {
+        QByteArray bytes(static_cast<int>(size), Qt::Uninitialized);
+        count = NPlatform::readAt(mFile, start, bytes.data(), size);
+        if (count == size) {
             data = std::move(bytes);
             return true;
         }
     }
     return fail(QCoreApplication::translate("CTar", "ERROR: %1 bytes read but %2 are expected !")
                     .arg(count)
-                    .arg(info.mSize));
+                    .arg(size));
 }
 
 bool CTar::fail(const QString& error)

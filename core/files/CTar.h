@@ -13,8 +13,7 @@
 #include <memory>
 
 class TarBlocks;
-class TarHeader;
-class TarNames;
+class TarIndex;
 
 /**
  * @brief Reads archives in the ustar interchange format (IEEE Std 1003.1) from a file.
@@ -25,7 +24,8 @@ class TarNames;
  * Of a header only name, size, kind, link target and magic are read. The prefix of a long name is not, so such a
  * name comes out as its last part; the checksum is not verified; a text ends at its first zero byte, not at the
  * end of its field, so a name of exactly 100 characters carries the text of the mode field behind it. The size is
- * such a text as well, of octal digits; one that fills its field may end with a blank. Names are Latin-1. Reading a header never leaves its 512 bytes.
+ * such a text as well, of octal digits; one that fills its field may end with a blank. Names are Latin-1. Reading
+ * a header never leaves its 512 bytes.
  *
  * Every failure returns false and leaves its text, translated with the context "CTar", in error(), where it stays
  * until the next error replaces it. Two failures are silent: a size that is not an octal number, and an unknown
@@ -99,17 +99,13 @@ private:
 
     bool open(const QString& fileName);
     bool readHeader(TarBlocks& blocks, qint64& pos, bool& end);
-    void append(const TarHeader& header, qint64 size, qint64 pos);
-    bool readData(const CTarFileInfo& info, QByteArray& data);
+    bool readData(qint64 start, qint64 size, QByteArray& data);
     bool fail(const QString& error);
 
     QString mError;
     QFile mFile;
-    qint64 mFileSize =
-        0; ///< Length of the open file when it was last asked for: no more is reserved for a member.
-    QStringList mNames;
-    QList<CTarFileInfo> mInfos;
-    mutable std::unique_ptr<TarNames> mLookup; ///< Made by the first index(), since many callers need none.
+    qint64 mFileSize = 0; ///< Of the open file, when last asked for: no more is reserved for a member.
+    std::unique_ptr<TarIndex> mIndex;
 };
 
 #endif // TLXCORE_CTAR_H

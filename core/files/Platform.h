@@ -2,6 +2,9 @@
 #define TLXCORE_PLATFORM_H
 
 #include <QString>
+#include <QtGlobal>
+
+class QFile;
 
 // What only the operating system knows. One source file a platform; the build picks the one that applies.
 namespace NPlatform {
@@ -14,6 +17,12 @@ bool moveToTrash(const QString& path);
 
 /// Renames a file or link; fails when there is something at `to`, also when that came into being just now.
 bool renameNew(const QString& from, const QString& to);
+
+/// The directory has an entry, not a hidden one, that Qt's listings lack: its name is in no encoding of the system.
+bool hasUnlistedEntry(const QString& directory);
+
+/// Reads up to `size` bytes at a position of an open, unbuffered file; how many there were, 0 after an error.
+qint64 readAt(QFile& file, qint64 pos, char* data, qint64 size);
 
 } // namespace NPlatform
 

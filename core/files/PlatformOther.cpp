@@ -6,7 +6,11 @@
 #include <QStandardPaths>
 #include <QStorageInfo>
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <dirent.h>
+#include <memory>
 #include <unistd.h>
 
 namespace {
@@ -92,4 +96,33 @@ bool NPlatform::renameNew(const QString& from, const QString& to)
     }
     place.remove();
     return false;
+}
+
+bool NPlatform::hasUnlistedEntry(const QString& directory)
+{
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(QFile::encodeName(directory).constData()),
+                                                      closedir);
+    const dirent* entry = nullptr;
+    while (entries && (entry = readdir(entries.get())) != nullptr) {
+        const QByteArray name = QByteArray::fromRawData(entry->d_name, qstrlen(entry->d_name));
+        if (!name.startsWith('.') && QFile::encodeName(QFile::decodeName(name)) != name) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// One system call where seeking and reading are two.
+qint64 NPlatform::readAt(QFile& file, qint64 pos, char* data, qint64 size)
+{
+    qint64 done = 0;
+    while (done < size) {
+        const ssize_t count =
+            pread(file.handle(), data + done, static_cast<std::size_t>(size - done), pos + done);
+        if (count == 0 || (count < 0 && errno != EINTR)) {
+            break;
+        }
+        done += std::max<ssize_t>(count, 0);
+    }
+    return done;
 }

@@ -1,9 +1,11 @@
 #include <core/files/Platform.h>
 
 #include <QDir>
+#include <QFile>
 
 #include <windows.h>
 
+#include <algorithm>
 #include <shellapi.h>
 #include <shlobj.h>
 #include <string>
@@ -55,4 +57,14 @@ bool NPlatform::moveToTrash(const QString& path)
 bool NPlatform::renameNew(const QString& from, const QString& to)
 {
     return MoveFileExW(longPath(from).c_str(), longPath(to).c_str(), 0) != 0;
+}
+
+bool NPlatform::hasUnlistedEntry(const QString&)
+{
+    return false; // names are UTF-16 here as they are in Qt
+}
+
+qint64 NPlatform::readAt(QFile& file, qint64 pos, char* data, qint64 size)
+{
+    return file.seek(pos) ? std::max<qint64>(file.read(data, size), 0) : 0;
 }

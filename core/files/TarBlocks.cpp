@@ -1,5 +1,6 @@
 #include <core/files/TarBlocks.h>
 
+#include <core/files/Platform.h>
 #include <core/files/TarHeader.h>
 
 #include <QFile>
@@ -22,7 +23,7 @@ TarBlocks::TarBlocks(QFile& file)
 bool TarBlocks::read(qint64 pos)
 {
     const bool isBuffered = pos >= mStart && pos - mStart <= mFilled - BLOCK;
-    if (!isBuffered && !fill(pos, bytesToFetch(pos))) {
+    if (!isBuffered && !fill(pos)) {
         return false;
     }
     mOffset = pos - mStart;
@@ -32,28 +33,36 @@ bool TarBlocks::read(qint64 pos)
 
 int TarBlocks::count() const
 {
-    return static_cast<int>(std::min(mFilled - mOffset, BLOCK));
+    return static_cast<int>(qBound<qint64>(0, mFilled - mOffset, BLOCK));
 }
 
-bool TarBlocks::fill(qint64 pos, qint64 bytes)
+bool TarBlocks::fill(qint64 pos)
 {
     mStart = pos;
     mFilled = 0;
+    if (pos < 0) {
+        return mFile.seek(pos); // sets the file's error
+    }
     if (pos >= mFileSize) {
-        return true; // Qt warns in its log of positions that the file system cannot reach
+        return true;
     }
-    if (!mFile.seek(pos)) {
-        return false;
+    const bool isNear = mLastPos >= 0 && pos - mLastPos <= NEAR;
+    if (isNear) {
+        const qint64 start = pos / PAGE * PAGE;
+        fetch(start, std::min(start + READ_AHEAD, mFileSize));
+    } else {
+        fetch(pos, std::min(pos + BLOCK, mFileSize));
     }
-    if (mBuffer.size() < bytes) {
-        mBuffer = QByteArray(static_cast<int>(bytes), Qt::Uninitialized);
-    }
-    mFilled = std::max<qint64>(mFile.read(mBuffer.data(), bytes), 0);
     return true;
 }
 
-qint64 TarBlocks::bytesToFetch(qint64 pos) const
+void TarBlocks::fetch(qint64 start, qint64 end)
 {
-    const bool isNear = mLastPos >= 0 && pos - mLastPos <= NEAR;
-    return isNear ? std::max(std::min(mFileSize - pos, READ_AHEAD), BLOCK) : BLOCK;
+    const qint64 count = (end - start + PAGE - 1) / PAGE;
+    if (mPageCount < count) {
+        mPages.reset(new SPage[static_cast<std::size_t>(count)]);
+        mPageCount = count;
+    }
+    mStart = start;
+    mFilled = NPlatform::readAt(mFile, start, mPages[0].bytes, end - start);
 }

@@ -2,6 +2,8 @@
 
 #include <core/files/CTarFileInfo.h>
 
+#include <QString>
+
 #include <algorithm>
 #include <cstring>
 
@@ -61,12 +63,12 @@ qint32 TarHeader::type() const
     }
 }
 
-QString TarHeader::name() const
+QLatin1String TarHeader::name() const
 {
     return text(NAME);
 }
 
-QString TarHeader::linkName() const
+QLatin1String TarHeader::linkName() const
 {
     return text(LINK_NAME);
 }
@@ -90,7 +92,7 @@ int TarHeader::textLength(const SField& field) const
     return zero ? static_cast<int>(static_cast<const char*>(zero) - begin) : rest;
 }
 
-QString TarHeader::text(const SField& field) const
+QLatin1String TarHeader::text(const SField& field) const
 {
-    return QString::fromLatin1(mBlock + field.offset, textLength(field));
+    return QLatin1String(mBlock + field.offset, textLength(field));
 }

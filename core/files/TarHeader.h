@@ -1,7 +1,7 @@
 #ifndef TLXCORE_TARHEADER_H
 #define TLXCORE_TARHEADER_H
 
-#include <QString>
+#include <QLatin1String>
 #include <QtGlobal>
 
 /**
@@ -26,8 +26,9 @@ public:
     /// A CTarFileInfo::EType.
     qint32 type() const;
 
-    QString name() const;
-    QString linkName() const;
+    /// Texts in the block, without their zero byte.
+    QLatin1String name() const;
+    QLatin1String linkName() const;
 
     /// Size of the data in bytes; negative when the field does not convert.
     qint64 size() const;
@@ -47,7 +48,7 @@ private:
     static_assert(MAGIC.offset + MAGIC.width <= BLOCK_SIZE, "fields lie within the block");
 
     int textLength(const SField& field) const;
-    QString text(const SField& field) const;
+    QLatin1String text(const SField& field) const;
 
     const char* mBlock;
 };

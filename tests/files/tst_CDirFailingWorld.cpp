@@ -11,10 +11,10 @@ using namespace OtherProcess;
 namespace {
 
 // A file whose name no encoding of the system has; false where the file system refuses it.
-bool makeUndecodable(const QString& directory)
+bool makeUndecodable(const QString& directory, const char* name = "/bad\xFF\xFE")
 {
-    const QByteArray name = QFile::encodeName(directory) + "/bad\xFF\xFE";
-    FILE* const file = std::fopen(name.constData(), "w");
+    const QByteArray path = QFile::encodeName(directory) + name;
+    FILE* const file = std::fopen(path.constData(), "w");
     return file && std::fputs("1", file) >= 0 && std::fclose(file) == 0;
 }
 
@@ -147,10 +147,10 @@ void tst_CDirFailingWorld::longestNames()
     QVERIFY(!QFileInfo::exists(tree.path("copy"_text)));
 }
 
-// Qt's listings leave such a name out: its directory is not removed, and that is no success.
+// Qt's listings leave such a name out: its directory is neither removed nor copied whole, and that is no success.
 void tst_CDirFailingWorld::undecodableNames()
 {
-    const FileTree tree({"source/f=1"_text, "only/"_text});
+    const FileTree tree({"source/f=1"_text, "only/"_text, "hidden/f=1"_text});
     if (!makeUndecodable(tree.path("source"_text)) || !makeUndecodable(tree.path("only"_text))) {
         QSKIP("the file system takes no name in an invalid encoding: not tested");
     }
@@ -159,7 +159,12 @@ void tst_CDirFailingWorld::undecodableNames()
         const QString directory = tree.path(QLatin1String(name));
         QVERIFY(!CDir::removeDirectoryRecursive(directory));
         QVERIFY(QFileInfo::exists(directory));
+        QVERIFY(!CDir::copyDirectoryRecursive(directory, tree.path("copy"_text)));
     }
+    QVERIFY(!CDir::copyDirectoryRecursive(tree.path(), tree.path("copy"_text)));
+    QVERIFY(makeUndecodable(tree.path("hidden"_text), "/.bad\xFF"));
+    QVERIFY(CDir::copyDirectoryRecursive(tree.path("hidden"_text), tree.path("whole"_text)));
+    QCOMPARE(tree.entries("whole"_text), QStringList{"f=1"_text});
 }
 
 QTEST_GUILESS_MAIN(tst_CDirFailingWorld)

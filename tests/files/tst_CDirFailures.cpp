@@ -103,10 +103,17 @@ void tst_CDirFailures::copyTreeWithUnreadableDirectory()
     QVERIFY(setMode(tree.path("source/secret"_text), 0755) && setMode(source, 0));
     VERIFY_OTHER_PROCESS(
         asOrdinaryUser([&] { return !CDir::copyDirectoryRecursive(source, tree.path("copies/b"_text)); }));
-    QVERIFY(setMode(source, 0755));
+    const QString link = tree.path("link"_text);
+    QVERIFY(QFile::link(source, link));
     VERIFY_OTHER_PROCESS(
-        asOrdinaryUser([&] { return CDir::copyDirectoryRecursive(source, tree.path("copies/c"_text)); }));
-    QCOMPARE(tree.entries("copies/c"_text), QStringList({"secret/"_text, "secret/f=1"_text}));
+        asOrdinaryUser([&] { return !CDir::copyDirectoryRecursive(link, tree.path("copies/c"_text)); }));
+    QVERIFY(setMode(source, 0755) && setMode(tree.path("source/secret"_text), 0444)); // names, but no entries
+    VERIFY_OTHER_PROCESS(
+        asOrdinaryUser([&] { return !CDir::copyDirectoryRecursive(source, tree.path("copies/d"_text)); }));
+    QVERIFY(setMode(tree.path("source/secret"_text), 0755));
+    VERIFY_OTHER_PROCESS(
+        asOrdinaryUser([&] { return CDir::copyDirectoryRecursive(source, tree.path("copies/e"_text)); }));
+    QCOMPARE(tree.entries("copies/e"_text), QStringList({"secret/"_text, "secret/f=1"_text}));
 }
 
 // The copy fails behind the rename: neither the old nor a new file, and no backup.
