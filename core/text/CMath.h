@@ -34,10 +34,15 @@ public:
      */
     static double round(double value, unsigned int digits);
 
-    /// Rounds to `digits` decimals toward minus infinity: floor(value * 10^digits) / 10^digits.
+    /**
+     * @brief Rounds to `digits` decimals toward minus infinity: floor(value * 10^digits) / 10^digits.
+     *
+     * A product that leaves the range of a double gives the infinity of its sign; more than 308 digits, for which
+     * 10^digits leaves it, give NaN.
+     */
     static double roundOff(double value, unsigned int digits);
 
-    /// Rounds to `digits` decimals toward plus infinity: ceil(value * 10^digits) / 10^digits.
+    /// Rounds to `digits` decimals toward plus infinity: ceil(value * 10^digits) / 10^digits; else like roundOff().
     static double roundUp(double value, unsigned int digits);
 
     /// 10 to the power of `exponent`, negative exponents included; infinity or 0 beyond the range of a double.

@@ -79,7 +79,7 @@ quint32 fractionMask(unsigned int fracBits)
 } // namespace
 
 // The three forms of one integer type. The signed fallback form has no base: callers rely on base 10 there.
-#define TLX_UNSIGNED_FORMS(Name, Type)                                                                       \
+#define TLX_INTEGER_FORMS(Name, Type)                                                                        \
     bool CStr::Name(const QString& s, Type& out, int base)                                                   \
     {                                                                                                        \
         return into(s, out, base);                                                                           \
@@ -87,24 +87,21 @@ quint32 fractionMask(unsigned int fracBits)
     Type CStr::Name(const QString& s, bool* ok, int base)                                                    \
     {                                                                                                        \
         return orZero<Type>(s, ok, base);                                                                    \
-    }                                                                                                        \
+    }
+#define TLX_DECIMAL_FALLBACK(Name, Type)                                                                     \
+    Type CStr::Name(Type fallback, const QString& s)                                                         \
+    {                                                                                                        \
+        return orFallback(fallback, s, 10);                                                                  \
+    }
+#define TLX_UNSIGNED_FORMS(Name, Type)                                                                       \
+    TLX_INTEGER_FORMS(Name, Type)                                                                            \
     Type CStr::Name(Type fallback, const QString& s, int base)                                               \
     {                                                                                                        \
         return orFallback(fallback, s, base);                                                                \
     }
 #define TLX_SIGNED_FORMS(Name, Type)                                                                         \
-    bool CStr::Name(const QString& s, Type& out, int base)                                                   \
-    {                                                                                                        \
-        return into(s, out, base);                                                                           \
-    }                                                                                                        \
-    Type CStr::Name(const QString& s, bool* ok, int base)                                                    \
-    {                                                                                                        \
-        return orZero<Type>(s, ok, base);                                                                    \
-    }                                                                                                        \
-    Type CStr::Name(Type fallback, const QString& s)                                                         \
-    {                                                                                                        \
-        return orFallback(fallback, s, 10);                                                                  \
-    }
+    TLX_INTEGER_FORMS(Name, Type)                                                                            \
+    TLX_DECIMAL_FALLBACK(Name, Type)
 #define TLX_FLOAT_FORMS(Name, Type)                                                                          \
     bool CStr::Name(const QString& s, Type& out)                                                             \
     {                                                                                                        \
@@ -114,10 +111,7 @@ quint32 fractionMask(unsigned int fracBits)
     {                                                                                                        \
         return orZero<Type>(s, ok, 10);                                                                      \
     }                                                                                                        \
-    Type CStr::Name(Type fallback, const QString& s)                                                         \
-    {                                                                                                        \
-        return orFallback(fallback, s, 10);                                                                  \
-    }
+    TLX_DECIMAL_FALLBACK(Name, Type)
 
 TLX_UNSIGNED_FORMS(strToU8, unsigned char)
 TLX_UNSIGNED_FORMS(strToU16, unsigned short)
@@ -130,6 +124,8 @@ TLX_SIGNED_FORMS(strToI64, long long)
 TLX_FLOAT_FORMS(strToF32, float)
 TLX_FLOAT_FORMS(strToF64, double)
 
+#undef TLX_INTEGER_FORMS
+#undef TLX_DECIMAL_FALLBACK
 #undef TLX_UNSIGNED_FORMS
 #undef TLX_SIGNED_FORMS
 #undef TLX_FLOAT_FORMS

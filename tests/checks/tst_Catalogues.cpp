@@ -18,9 +18,17 @@ private Q_SLOTS:
 
 private:
     static void languages();
+    static bool loadCatalogue(QTranslator& translator, const QString& language);
 };
 
 // An empty language is the text itself, without a catalogue.
+bool tst_Catalogues::loadCatalogue(QTranslator& translator, const QString& language)
+{
+    return language.isEmpty()
+           || (translator.load(QStringLiteral("tlxCore_") + language, QStringLiteral(TLX_CATALOGUE_DIR))
+               && QCoreApplication::installTranslator(&translator));
+}
+
 void tst_Catalogues::languages()
 {
     QTest::addColumn<QString>("language");
@@ -49,10 +57,7 @@ void tst_Catalogues::streamMessage()
     QFETCH(QString, language);
     QFETCH(QString, text);
     QTranslator translator;
-    if (!language.isEmpty()) {
-        QVERIFY(translator.load(QStringLiteral("tlxCore_") + language, QStringLiteral(TLX_CATALOGUE_DIR)));
-        QVERIFY(QCoreApplication::installTranslator(&translator));
-    }
+    QVERIFY(loadCatalogue(translator, language));
     QDataStream stream(QByteArray(1, '\0'));
     qint32 number = 0;
     stream >> number;
@@ -76,10 +81,7 @@ void tst_Catalogues::archiveMessage()
     QFETCH(QString, language);
     QFETCH(QString, text);
     QTranslator translator;
-    if (!language.isEmpty()) {
-        QVERIFY(translator.load(QStringLiteral("tlxCore_") + language, QStringLiteral(TLX_CATALOGUE_DIR)));
-        QVERIFY(QCoreApplication::installTranslator(&translator));
-    }
+    QVERIFY(loadCatalogue(translator, language));
 
     CTar tar;
     QByteArray data;

@@ -1,5 +1,6 @@
 #include <core/device/CDeviceHardwareId.h>
 
+#include <tests/device/HardwareIdRules.h>
 #include <tests/support/HostileTexts.h>
 
 #include <QtTest>
@@ -23,48 +24,6 @@ HostileTexts hostileTexts(unsigned int seed)
                             QStringLiteral("A1__2")};
     return HostileTexts(texts, QStringLiteral("0123456789__AZaz%"), seed);
 }
-
-/// The rules of the parser, written with Qt's expressions and lists.
-struct SReference
-{
-    QString prefix;
-    quint16 numbers[3] = {65535, 65535, 65535};
-    QString name;
-    bool result = true;
-
-    bool takeNumber(int index, const QString& part)
-    {
-        if (!QRegExp(QStringLiteral("^\\d{1,3}$")).exactMatch(part)) {
-            return false;
-        }
-        int value = 0;
-        for (const QChar digit : part) {
-            value = value * 10 + digit.digitValue();
-        }
-        numbers[index] = static_cast<quint16>(value);
-        return true;
-    }
-
-    explicit SReference(const QString& text)
-    {
-        if (text.isEmpty()) {
-            return;
-        }
-        QStringList parts = text.split(QLatin1Char('_'));
-        if (QRegExp(QStringLiteral("^\\D{1,1}")).indexIn(parts.first()) == 0) {
-            prefix = parts.first().left(1);
-            parts.first().remove(0, 1);
-        }
-        int index = 0;
-        while (index < 3 && index < parts.size() && takeNumber(index, parts.at(index))) {
-            ++index;
-        }
-        result = index > 0;
-        if (result) {
-            name = QStringList(parts.mid(index)).join(QLatin1Char('_'));
-        }
-    }
-};
 
 } // namespace
 
@@ -132,7 +91,7 @@ void tst_CDeviceHardwareIdMatching::parserEqualsItsRules()
     HostileTexts texts = hostileTexts(20260103);
     for (int i = 0; i < TEXTS; ++i) {
         const QString text = texts.next();
-        const SReference expected(text);
+        const SHardwareIdRules expected(text);
         CDeviceHardwareId id(QStringLiteral("Z999_998_997_before"));
         QVERIFY2(id.setHardwareId(text) == expected.result, unitCodes(text).constData());
         const bool same = id.prefix() == expected.prefix && id.platform() == expected.numbers[0]

@@ -1,4 +1,5 @@
 #include <core/files/CPath.h>
+#include <tools/tlx/Directories.h>
 
 #include <QCoreApplication>
 
@@ -7,33 +8,10 @@
 #include <sys/stat.h>
 #endif
 
-// Says where the program that it is finds its directories. Arguments: "create" makes them ("installed": only those of the installation), "mask" sets a strict mask
-// for new files first.
+// Says where the program that it is finds its directories. Arguments: "create" makes them ("installed": only those of
+// the installation), "mask" sets a strict mask for new files first.
 
 namespace {
-
-using Directory = QString (*)(bool);
-
-constexpr struct
-{
-    const char* name;
-    Directory directory;
-} DIRECTORIES[] = {
-    {"bin", CPath::binPath},
-    {"lib", CPath::libPath},
-    {"etc", CPath::etcPath},
-    {"txt", CPath::txtPath},
-    {"image", CPath::imagePath},
-    {"doc", CPath::docPath},
-    {"constConfig", CPath::constConfigPath},
-    {"constData", CPath::constDataPath},
-    {"config", CPath::configPath},
-    {"log", CPath::logPath},
-    {"motor", CPath::motorPath},
-    {"param", CPath::paramPath},
-    {"data", CPath::dataPath},
-    {"project", CPath::projectPath},
-};
 
 void print(const char* name, const QString& value)
 {
@@ -56,11 +34,11 @@ int main(int argc, char* argv[])
     print("product", CPath::productName());
     print("appdata", CPath::appdataPath());
     print("userdata", CPath::userdataPath());
-    for (const auto& row : DIRECTORIES) {
+    for (const SDirectory& row : DIRECTORIES) {
         const bool wanted = create
                             && !(arguments.contains(QLatin1String("installed"))
-                                 && !row.directory(false).startsWith(CPath::installPath()));
-        print(row.name, row.directory(wanted));
+                                 && !row.path(false).startsWith(CPath::installPath()));
+        print(row.name, row.path(wanted));
     }
     return 0;
 }

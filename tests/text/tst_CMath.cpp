@@ -103,6 +103,8 @@ void tst_CMath::roundOff_data()
     QTest::newRow("1e300 is beyond no limit") << 1e300 << 0U << 1e300;
     QTest::newRow("infinity") << INF << 0U << INF;
     QTest::newRow("NaN") << NOT_A_NUMBER << 0U << NOT_A_NUMBER;
+    QTest::newRow("product beyond a double") << -1e10 << 300U << -INF;
+    QTest::newRow("309 digits") << 1.5 << 309U << NOT_A_NUMBER;
     QTest::newRow("factor of 0") << 5.0 << MINUS_400_DIGITS << 0.0;
 }
 
@@ -124,6 +126,8 @@ void tst_CMath::roundUp_data()
     QTest::newRow("0.00011 to 4 digits") << 0.00011 << 4U << 0.0002;
     QTest::newRow("-7 to 0 digits") << -7.0 << 0U << -7.0;
     QTest::newRow("minus infinity") << -INF << 0U << -INF;
+    QTest::newRow("product beyond a double") << 1e10 << 300U << INF;
+    QTest::newRow("309 digits of 0") << 0.0 << 309U << NOT_A_NUMBER;
     QTest::newRow("factor of 0") << -5.0 << MINUS_400_DIGITS << 0.0;
 }
 

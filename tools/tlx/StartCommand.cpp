@@ -1,7 +1,7 @@
 #include "Command.h"
 #include "Commands.h"
-#include "Company.h"
-#include "Paths.h"
+#include "CompanyCommand.h"
+#include "PathsCommand.h"
 #include "Report.h"
 
 #include <core/app/CCompanyStrings.h>

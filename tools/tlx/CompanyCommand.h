@@ -1,9 +1,9 @@
-#ifndef TLX_COMPANY_H
-#define TLX_COMPANY_H
+#ifndef TLX_COMPANYCOMMAND_H
+#define TLX_COMPANYCOMMAND_H
 
 class QString;
 
 /// The settings file that CCompanyStrings opens on its first question; to be asked before that.
 QString settingsFile();
 
-#endif // TLX_COMPANY_H
+#endif // TLX_COMPANYCOMMAND_H

@@ -1,40 +1,14 @@
-#include "Paths.h"
+#include "PathsCommand.h"
 
 #include "Command.h"
 #include "Commands.h"
+#include "Directories.h"
 #include "Report.h"
 
 #include <core/files/CPath.h>
 
 #include <QCommandLineParser>
 #include <QFileInfo>
-
-namespace {
-
-struct SDirectory
-{
-    const char* name;
-    QString (*path)(bool);
-};
-
-const SDirectory DIRECTORIES[] = {
-    {"bin", CPath::binPath},
-    {"lib", CPath::libPath},
-    {"etc", CPath::etcPath},
-    {"txt", CPath::txtPath},
-    {"image", CPath::imagePath},
-    {"doc", CPath::docPath},
-    {"constConfig", CPath::constConfigPath},
-    {"constData", CPath::constDataPath},
-    {"config", CPath::configPath},
-    {"log", CPath::logPath},
-    {"motor", CPath::motorPath},
-    {"param", CPath::paramPath},
-    {"data", CPath::dataPath},
-    {"project", CPath::projectPath},
-};
-
-} // namespace
 
 void addDirectories(CReport& report, bool create)
 {

@@ -1,4 +1,4 @@
-#include "Company.h"
+#include "CompanyCommand.h"
 
 #include "Command.h"
 #include "Commands.h"
