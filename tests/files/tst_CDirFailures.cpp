@@ -38,6 +38,7 @@ private Q_SLOTS:
     void copyTreeWithUnreadableDirectory();
     void forcedCopyWithUnreadableSource();
     void copyToFullDisk();
+    void copyToFullFileSystem();
     void removeRoot();
     void copyFileFOntoOtherMount();
 };
@@ -144,6 +145,30 @@ void tst_CDirFailures::copyToFullDisk()
     VERIFY_OTHER_PROCESS(withFileSizeLimit(
         100000, [&] { return !CDir::copyFileF(file.fileName(), tree.path("copy/old"_text)); }));
     QCOMPARE(tree.entries("copy"_text), QStringList());
+}
+
+void tst_CDirFailures::copyToFullFileSystem()
+{
+    const FileTree tree(
+        {"source/a=1"_text, "source/b="_text + QString(200000, QLatin1Char('x')), "disk/"_text});
+    const QStringList before = tree.entries("source"_text);
+    const QByteArray disk = QFile::encodeName(tree.path("disk"_text));
+    const QString large = tree.path("source/b"_text);
+
+    VERIFY_OTHER_PROCESS(withSmallDisk(disk.constData(), "64k", [&] {
+        const COutputCapture capture;
+        return !CDir::copyFile(large, tree.path("disk/b"_text)) && tree.entries("disk"_text).isEmpty();
+    }));
+    VERIFY_OTHER_PROCESS(withSmallDisk(disk.constData(), "64k", [&] {
+        return tree.make({"disk/b=old"_text}) && !CDir::copyFileF(large, tree.path("disk/b"_text))
+               && tree.entries("disk"_text).isEmpty();
+    }));
+    VERIFY_OTHER_PROCESS(withSmallDisk(disk.constData(), "64k", [&] {
+        const COutputCapture capture;
+        const bool copied = CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("disk"_text));
+        return !copied && tree.read("disk/b"_text).isNull();
+    }));
+    QCOMPARE(tree.entries("source"_text), before);
 }
 
 void tst_CDirFailures::removeRoot()

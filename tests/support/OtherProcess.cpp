@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <string>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -34,6 +35,22 @@ EResult inCopy(const std::function<bool()>& prepare, const std::function<bool()>
                                                : EResult::Failed;
 }
 
+#ifdef __linux__
+// Seen by this process alone.
+bool ownMount(const char* from, const char* to, const char* type, unsigned long flags, const char* options)
+{
+    return unshare(CLONE_NEWNS) == 0 && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
+           && mount(from, to, type, flags, options) == 0;
+}
+#else
+constexpr unsigned long MS_BIND = 0;
+
+bool ownMount(const char*, const char*, const char*, unsigned long, const char*)
+{
+    return false;
+}
+#endif
+
 } // namespace
 
 EResult OtherProcess::asOrdinaryUser(const std::function<bool()>& work)
@@ -57,15 +74,14 @@ EResult OtherProcess::inRoot(const char* root, const std::function<bool()>& work
     return inCopy([root] { return chroot(root) == 0 && chdir("/") == 0; }, work);
 }
 
+EResult OtherProcess::withSmallDisk(const char* directory, const char* size,
+                                    const std::function<bool()>& work)
+{
+    const std::string options = std::string("size=") + size;
+    return inCopy([&] { return ownMount("tmpfs", directory, "tmpfs", 0, options.c_str()); }, work);
+}
+
 EResult OtherProcess::withMount(const char* from, const char* to, const std::function<bool()>& work)
 {
-    const auto mountBoth = [from, to] {
-#ifdef __linux__
-        return unshare(CLONE_NEWNS) == 0 && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
-               && mount(from, to, nullptr, MS_BIND, nullptr) == 0;
-#else
-        return from == nullptr && to == nullptr;
-#endif
-    };
-    return inCopy(mountBoth, work);
+    return inCopy([from, to] { return ownMount(from, to, nullptr, MS_BIND, nullptr); }, work);
 }

@@ -25,6 +25,9 @@ EResult withFileSizeLimit(unsigned long bytes, const std::function<bool()>& work
 /// With `root` as the root directory. Only root may.
 EResult inRoot(const char* root, const std::function<bool()>& work);
 
+/// With a file system of `size` bytes ("64k") at a directory. Only root may, and only on Linux.
+EResult withSmallDisk(const char* directory, const char* size, const std::function<bool()>& work);
+
 /// With directory `from` visible at directory `to` too. Only root may, and only on Linux.
 EResult withMount(const char* from, const char* to, const std::function<bool()>& work);
 
