@@ -104,7 +104,7 @@ bool NPlatform::hasUnlistedEntry(const QString& directory)
                                                       closedir);
     const dirent* entry = nullptr;
     while (entries && (entry = readdir(entries.get())) != nullptr) {
-        const QByteArray name = QByteArray::fromRawData(entry->d_name, qstrlen(entry->d_name));
+        const QByteArray name(entry->d_name);
         if (!name.startsWith('.') && QFile::encodeName(QFile::decodeName(name)) != name) {
             return true;
         }
