@@ -46,7 +46,7 @@ function(tlx_configure_target target)
         endif()
     endif()
     if(TLXCORE_COVERAGE)
-        target_compile_options(${target} PRIVATE --coverage)
+        target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic) # threads count, too
         target_link_options(${target} PRIVATE --coverage)
     endif()
 endfunction()
