@@ -58,11 +58,22 @@ void checkClean(const QString& name)
     FUZZ_CHECK(clean.startsWith(QFileInfo(name).absolutePath()));
 }
 
+// Qt keeps ".." at the root; for the system the root is its own parent.
+QString cleaned(const QString& path)
+{
+    const QString parent = QStringLiteral("/..");
+    QString clean = QDir::cleanPath(path);
+    while (clean.startsWith(parent + SLASH) || clean == parent) {
+        clean.remove(0, parent.size());
+    }
+    return clean.isEmpty() ? QString(SLASH) : clean;
+}
+
 void checkRelative(const QString& base, const QString& path)
 {
     const QString relative = CDir::getRelativeSubPath(base, path);
     if (base.startsWith(SLASH) && path.startsWith(SLASH) && !relative.isEmpty()) {
-        FUZZ_CHECK(QDir::cleanPath(base + SLASH + relative) == QDir::cleanPath(path));
+        FUZZ_CHECK(cleaned(base + SLASH + relative) == cleaned(path));
     }
 }
 
