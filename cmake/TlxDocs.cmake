@@ -5,7 +5,7 @@ find_package(Python3 QUIET COMPONENTS Interpreter)
 find_program(DOT dot)
 find_program(QHELPGENERATOR qhelpgenerator PATHS /usr/lib/qt5/bin)
 
-if(DOXYGEN_FOUND AND Python3_FOUND)
+if(DOXYGEN_FOUND AND Python3_FOUND AND DOT)
     get_property(headers GLOBAL PROPERTY TLX_PUBLIC_HEADERS)
     list(TRANSFORM headers PREPEND "core/")
     list(JOIN headers " " TLX_DOC_HEADERS)
@@ -16,14 +16,9 @@ if(DOXYGEN_FOUND AND Python3_FOUND)
     endif()
     configure_file(docs/Doxyfile.in "${TLX_DOC_OUTPUT}/Doxyfile" @ONLY)
 
-    set(draw_commands
-        COMMAND Python3::Interpreter docs/architecture.py . > "${TLX_DOC_OUTPUT}/architecture.dot")
-    if(DOT)
-        list(APPEND draw_commands
-            COMMAND "${DOT}" -Tsvg -o "${TLX_DOC_OUTPUT}/architecture.svg" "${TLX_DOC_OUTPUT}/architecture.dot")
-    endif()
     add_custom_target(docs
-        ${draw_commands}
+        COMMAND Python3::Interpreter docs/architecture.py . > "${TLX_DOC_OUTPUT}/architecture.dot"
+        COMMAND "${DOT}" -Tsvg -o "${TLX_DOC_OUTPUT}/architecture.svg" "${TLX_DOC_OUTPUT}/architecture.dot"
         COMMAND Doxygen::doxygen "${TLX_DOC_OUTPUT}/Doxyfile"
         WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}"
         COMMENT "Documentation of the public headers"

@@ -57,7 +57,8 @@ void checkList(const SStreamSetup& setup, const QByteArray& bytes)
 {
     CDeviceList list;
     qint64 taken = 0;
-    if (setup.read(bytes, list, taken) != QDataStream::Ok) {
+    // Behind a name that is corrupt the devices are read all the same, as Qt reads a map.
+    if (setup.read(bytes, list, taken) == QDataStream::ReadPastEnd) {
         FUZZ_CHECK(list.size() == 0);
     }
     check<CDeviceList>(setup, bytes);
