@@ -87,6 +87,7 @@ private Q_SLOTS:
     void shortStreams();
     void lyingCount();
     void damagedEntry();
+    void corruptName();
     void badStatusBeforehand();
     void metaTypeAndDebug();
 };
@@ -338,6 +339,17 @@ void tst_CDeviceList::damagedEntry()
     CDeviceList list;
     QCOMPARE(unstreamed(bytes, list), QDataStream::ReadCorruptData);
     QCOMPARE(list, CDeviceList(QStringLiteral("H"), sourceType(7)));
+}
+
+// The fields are read one after the other all the same, and the status stays what the name made it.
+void tst_CDeviceList::corruptName()
+{
+    const QByteArray head = fromHexText("00000003 00000007 00000001"); // a text of an odd number of bytes
+    CDeviceList list;
+    QCOMPARE(unstreamed(head + entryBytes(3, 3, 'x'), list), QDataStream::ReadCorruptData);
+    QCOMPARE(list.name, QString());
+    QCOMPARE(list.sourceType, sourceType(7));
+    QCOMPARE(contents(list), texts({"3x"}));
 }
 
 void tst_CDeviceList::badStatusBeforehand()
