@@ -59,7 +59,7 @@ public:
     /// Member names in archive order.
     QStringList names() const;
 
-    /// Headers of all members in archive order.
+    /// Headers of all members in archive order, put together for each call; info() gives one.
     QList<CTarFileInfo> infos() const;
 
     /// The header of one member; an invalid info when @p index is not in 0 to count() - 1.
