@@ -10,6 +10,8 @@ if(DOXYGEN_FOUND AND Python3_FOUND AND DOT)
     list(TRANSFORM headers PREPEND "core/")
     list(JOIN headers " " TLX_DOC_HEADERS)
     set(TLX_DOC_OUTPUT "${PROJECT_BINARY_DIR}/docs")
+    set(TLX_DOC_DRAWINGS "${PROJECT_BINARY_DIR}/drawings") # not below the output, whose copy Doxygen would find, too
+    file(MAKE_DIRECTORY "${TLX_DOC_DRAWINGS}")
     set(TLX_DOC_HELP NO)
     if(QHELPGENERATOR)
         set(TLX_DOC_HELP YES)
@@ -17,8 +19,8 @@ if(DOXYGEN_FOUND AND Python3_FOUND AND DOT)
     configure_file(docs/Doxyfile.in "${TLX_DOC_OUTPUT}/Doxyfile" @ONLY)
 
     add_custom_target(docs
-        COMMAND Python3::Interpreter docs/architecture.py . > "${TLX_DOC_OUTPUT}/architecture.dot"
-        COMMAND "${DOT}" -Tsvg -o "${TLX_DOC_OUTPUT}/architecture.svg" "${TLX_DOC_OUTPUT}/architecture.dot"
+        COMMAND Python3::Interpreter docs/architecture.py . > "${TLX_DOC_DRAWINGS}/architecture.dot"
+        COMMAND "${DOT}" -Tsvg -o "${TLX_DOC_DRAWINGS}/architecture.svg" "${TLX_DOC_DRAWINGS}/architecture.dot"
         COMMAND Doxygen::doxygen "${TLX_DOC_OUTPUT}/Doxyfile"
         WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}"
         COMMENT "Documentation of the public headers"
