@@ -53,12 +53,29 @@ void check(const SStreamSetup& setup, const QByteArray& bytes)
     }
 }
 
+/// What stands before the devices of a list.
+struct SListHead
+{
+    QString name;
+    qint32 type = 0;
+};
+
+QDataStream& operator>>(QDataStream& stream, SListHead& head)
+{
+    return stream >> head.name >> head.type;
+}
+
 void checkList(const SStreamSetup& setup, const QByteArray& bytes)
 {
     CDeviceList list;
     qint64 taken = 0;
+    SListHead head;
+    qint64 headTaken = 0;
+    const bool goodHead = setup.read(bytes, head, headTaken) == QDataStream::Ok;
+    const QDataStream::Status status = setup.read(bytes, list, taken);
+    FUZZ_CHECK(list.name == head.name && list.sourceType == head.type);
     // Behind a name that is corrupt the devices are read all the same, as Qt reads a map.
-    if (setup.read(bytes, list, taken) == QDataStream::ReadPastEnd) {
+    if (status == QDataStream::ReadPastEnd || (goodHead && status != QDataStream::Ok)) {
         FUZZ_CHECK(list.size() == 0);
     }
     check<CDeviceList>(setup, bytes);

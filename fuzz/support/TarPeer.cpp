@@ -1,6 +1,7 @@
 #include <fuzz/support/TarPeer.h>
 
 #include <fuzz/support/Check.h>
+#include <fuzz/support/TarReference.h>
 
 #ifdef TLXFUZZ_LIBARCHIVE
 
@@ -47,11 +48,12 @@ void compareWithPeer(CTar& tar, const QByteArray& bytes)
             FUZZ_CHECK(index == tar.count());
             return;
         }
-        if (status == ARCHIVE_RETRY) {
-            return; // a wrong checksum, which CTar does not look at
-        }
         FUZZ_CHECK(index < tar.count());
         const CTarFileInfo info = tar.info(index);
+        if (status == ARCHIVE_RETRY) { // CTar does not look at the checksum
+            FUZZ_CHECK(!hasChecksum(bytes.mid(static_cast<int>(info.mPos), 512)));
+            return;
+        }
         FUZZ_CHECK(info.mName == QString::fromLatin1(archive_entry_pathname(entry)));
         FUZZ_CHECK(info.mType == kindOf(entry));
         FUZZ_CHECK(info.mType != CTarFileInfo::TYPE_SYMLINK

@@ -119,6 +119,11 @@ bool TarReference::readMember(const QByteArray& block, qint64 pos)
     return true;
 }
 
+bool hasChecksum(const QByteArray& block)
+{
+    return block.mid(148, 8) == checksum(block);
+}
+
 void mendHeaders(QByteArray& bytes)
 {
     qint64 pos = 0;

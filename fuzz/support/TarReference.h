@@ -39,6 +39,9 @@ private:
     bool mPlain = true;
 };
 
+/// The header's checksum is written as mendHeaders() writes it.
+bool hasChecksum(const QByteArray& block);
+
 /// Gives every header that the walk reaches, or a guess at it, a magic and a right checksum.
 void mendHeaders(QByteArray& bytes);
 
