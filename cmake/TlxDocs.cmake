@@ -3,6 +3,8 @@
 find_package(Doxygen QUIET)
 find_package(Python3 QUIET COMPONENTS Interpreter)
 find_program(DOT dot)
+# A style for narrow and dark screens; without it the pages have Doxygen's own.
+find_path(DOXYGEN_AWESOME doxygen-awesome.css PATHS /usr/share/doxygen-awesome-css)
 find_program(QHELPGENERATOR qhelpgenerator PATHS /usr/lib/qt5/bin)
 
 if(DOXYGEN_FOUND AND Python3_FOUND AND DOT)
@@ -15,6 +17,10 @@ if(DOXYGEN_FOUND AND Python3_FOUND AND DOT)
     set(TLX_DOC_HELP NO)
     if(QHELPGENERATOR)
         set(TLX_DOC_HELP YES)
+    endif()
+    set(TLX_DOC_STYLE "")
+    if(DOXYGEN_AWESOME)
+        set(TLX_DOC_STYLE "\"${DOXYGEN_AWESOME}/doxygen-awesome.css\"")
     endif()
     configure_file(docs/Doxyfile.in "${TLX_DOC_OUTPUT}/Doxyfile" @ONLY)
 

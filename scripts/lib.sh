@@ -19,10 +19,11 @@ need_packages() {
 }
 
 BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev)
-TEST_PACKAGES=("${BUILD_PACKAGES[@]}" python3 pkg-config doxygen graphviz locales tzdata clang-format libarchive-tools gdb)
+TEST_PACKAGES=("${BUILD_PACKAGES[@]}" python3 pkg-config doxygen graphviz doxygen-awesome-css chromium-driver python3-selenium
+    locales tzdata clang-format libarchive-tools gdb)
 BENCH_PACKAGES=(libbenchmark-dev zlib1g-dev libdeflate-dev python3 libarchive-dev libkf5archive-dev)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm libarchive-dev)
-PACKAGE_PACKAGES=(dpkg-dev file lintian doxygen graphviz)
+PACKAGE_PACKAGES=(dpkg-dev file lintian doxygen graphviz doxygen-awesome-css)
 
 # Uses ccache when it is there; it is never needed.
 if command -v ccache >/dev/null 2>&1; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
