@@ -238,12 +238,14 @@ bool CDir::copyDirectoryRecursive(const QString& src, const QString& dst,
     if (!isPath(src) || !isPath(dst) || (source.isDir() && hidesEntries(source))) {
         return false;
     }
-    const QFileInfoList entries = entryInfoListRecursive(src, {}, WALKED);
+    // Absolute, since QDir leaves a relative path as it is.
+    const QString root = source.canonicalFilePath();
+    const QFileInfoList entries = entryInfoListRecursive(root, {}, WALKED);
     const QString target = CPath::ensurePathSeparatorAtEnd(dst);
     int done = 0;
     for (const QFileInfo& entry : entries) {
         const QString path = entry.filePath();
-        const QString copy = target + getRelativeSubPath(src, path);
+        const QString copy = target + getRelativeSubPath(root, path);
         const bool copied = entry.isDir() ? copyDirectory(path, copy) : copyFile(path, copy);
         const bool isTree = entry.isDir() && !entry.isSymLink();
         if (!copied || (isTree && hidesEntries(entry))) {
@@ -258,13 +260,7 @@ QString CDir::getRelativeSubPath(const QString& basePath, const QString& path)
 {
     const QString base = QDir::fromNativeSeparators(basePath);
     const QString full = QDir::fromNativeSeparators(path);
-    if (base == full) {
-        return QString();
-    }
-    // QDir leaves a relative path as it is, which is right for an absolute base only.
-    const QDir here;
-    const bool areRelative = QDir::isRelativePath(base) && QDir::isRelativePath(full);
-    return QDir(base).relativeFilePath(areRelative ? here.absoluteFilePath(full) : full);
+    return base == full ? QString() : QDir(base).relativeFilePath(full);
 }
 
 QDir::Filters CDir::toDirFilter(NtlxGlobal::EDirFilter filter)

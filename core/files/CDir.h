@@ -104,8 +104,8 @@ public:
     /**
      * @brief `path` as seen from the directory `basePath`; empty when both are equal.
      *
-     * Either may have native separators, the result has "/". Two relative paths are compared as they lie below the
-     * current directory; a relative path and an absolute base give the path, cleaned.
+     * Either may have native separators, the result has "/". Otherwise it is what QDir(basePath).relativeFilePath(path)
+     * returns: a relative path comes back cleaned, whatever the base.
      */
     static QString getRelativeSubPath(const QString& basePath, const QString& path);
 

@@ -58,6 +58,26 @@ bool isForbidden(QChar character)
     return QStringView(u"<>:!?|\"").contains(character);
 }
 
+// A name that begins with ":" is a resource for Qt, and "sub/" loses its last folder on Windows while it is relative.
+QFileInfo fileInfo(const QString& path)
+{
+    const bool isBareColon = path.startsWith(QLatin1Char(':')) && !path.startsWith(QLatin1String(":/"));
+    const bool isRelative = !path.isEmpty() && (isBareColon || QDir::isRelativePath(path));
+    return QFileInfo(isRelative ? QDir::currentPath() + QLatin1Char('/') + path : path);
+}
+
+// QDir::mkpath() gives up on Windows when another program makes a part of the path first. There is one part less to make
+// then, so that there are at most as many failures as parts.
+bool makePath(const QString& path)
+{
+    for (int parts = QDir::fromNativeSeparators(path).count(QLatin1Char('/')) + 1; parts >= 0; --parts) {
+        if (QDir().mkpath(path) || QFileInfo(path).isDir()) {
+            return true;
+        }
+    }
+    return false;
+}
+
 QString userTree(const QString& root)
 {
     return root + QLatin1Char('/') + CPath::CPATH_COMPANY + CPath::productName() + QLatin1Char('/');
@@ -176,7 +196,7 @@ QString CPath::projectPath(bool create)
 
 QString CPath::createDirIfWanted(const QString& path, bool create)
 {
-    if (create && !QDir(path).exists() && QDir().mkpath(path)) {
+    if (create && !QDir(path).exists() && makePath(path)) {
         QFile::setPermissions(removePathSeparatorAtEnd(path), QFile::Permissions(NEW_DIRECTORY));
     }
     return path;
@@ -192,7 +212,9 @@ QString CPath::prependPathIfNoPathIsGiven(const QString& fileName, const QString
     if (fileName.isEmpty() || doesFilenameContainPath(fileName)) {
         return fileName;
     }
-    return QFileInfo(QDir(QFileInfo(path).absolutePath()), fileName).absoluteFilePath();
+    const QDir directory(fileInfo(path).absolutePath());
+    const bool isBareColon = fileName.startsWith(QLatin1Char(':'));
+    return QFileInfo(directory, isBareColon ? QLatin1String("./") + fileName : fileName).absoluteFilePath();
 }
 
 QString CPath::trimPathIfPathIsEqual(const QString& fileName, const QString& path)
@@ -200,13 +222,13 @@ QString CPath::trimPathIfPathIsEqual(const QString& fileName, const QString& pat
     if (fileName.isEmpty()) {
         return fileName;
     }
-    const QFileInfo info(fileName);
+    const QFileInfo info = fileInfo(fileName);
     return info.absoluteDir() == QDir(path) ? info.fileName() : fileName;
 }
 
 QString CPath::filePath(const QString& name)
 {
-    return name.isEmpty() ? QString() : QFileInfo(name).absolutePath();
+    return name.isEmpty() ? QString() : fileInfo(name).absolutePath();
 }
 
 QString CPath::ensurePathSeparatorAtEnd(QString s)
@@ -244,7 +266,7 @@ QString CPath::addFileNameToPath(const QString& path, const QString& fileName)
 
 QString CPath::cleanFileName(const QString& fileName)
 {
-    const QFileInfo info(fileName);
+    const QFileInfo info = fileInfo(fileName);
     QString name = info.fileName().simplified();
     name.truncate(static_cast<int>(std::remove_if(name.begin(), name.end(), isForbidden) - name.begin()));
     return info.absolutePath() + QLatin1Char('/') + name;

@@ -16,7 +16,8 @@
  * failure. A function that takes `createDirIfWanted` makes the missing directory when it is true, see
  * createDirIfWanted(); when it is false, nothing touches the disk.
  *
- * A "separator" is "/" or the platform's own QDir::separator().
+ * A "separator" is "/" or the platform's own QDir::separator(). A name that begins with ":" is a file name like any
+ * other; only a path that begins with ":/" is a Qt resource.
  *
  * The constants can be used by static objects of a program.
  *
@@ -86,10 +87,11 @@ public:
     static QString projectPath(bool createDirIfWanted);     ///< "project/" of the user's documents.
 
     /**
-     * @brief Gives `path` unchanged; makes the directory, with its parents, when `create` is true and it is missing.
+     * @brief Returns `path` unchanged; makes the directory, with its parents, when `create` is true and it is missing.
      *
      * A directory made here gets the permissions rwxrwxr-x, whatever the process's mask; its parents, and whatever
-     * was there before (a file in the way too), are left alone. A failure is silent.
+     * was there before (a file in the way too), are left alone. Several programs may make the same directory at once.
+     * A failure is silent.
      */
     static QString createDirIfWanted(const QString& path, bool create);
 

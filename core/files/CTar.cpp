@@ -16,7 +16,7 @@ namespace {
 constexpr qint64 BLOCK = TarHeader::BLOCK_SIZE;
 constexpr qint64 BYTE_ARRAY_MAX =
     std::numeric_limits<int>::max() - 32; // room for Qt's own header and a zero byte
-
+constexpr qint64 PIECE = 4096;
 constexpr qint64 POSITION_MAX = std::numeric_limits<qint64>::max();
 
 qint64 roundedToBlocks(qint64 size)
@@ -135,7 +135,6 @@ bool CTar::open(const QString& fileName)
     if (!mFile.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         return fail(mFile.errorString());
     }
-    mFileSize = mFile.size();
     return true;
 }
 
@@ -173,17 +172,24 @@ bool CTar::readHeader(TarBlocks& blocks, qint64& pos, bool& end)
 bool CTar::readData(qint64 start, qint64 size, QByteArray& data)
 {
     const bool fits = size <= BYTE_ARRAY_MAX;
-    if (mFileSize - start < size) {
-        mFileSize = mFile.size(); // it may have grown
+    qint64 count = qBound<qint64>(0, mFile.size() - start, size);
+    QByteArray bytes;
+    if (fits) {
+        bytes.resize(static_cast<int>(count));
+        count = NPlatform::readAt(mFile, start, bytes.data(), count);
+        bytes.truncate(static_cast<int>(count));
     }
-    qint64 count = fits ? std::max<qint64>(mFileSize - start, 0) : 0;
-    if (count >= size) {
-        QByteArray bytes(static_cast<int>(size), Qt::Uninitialized);
-        count = NPlatform::readAt(mFile, start, bytes.data(), size);
-        if (count == size) {
-            data = std::move(bytes);
-            return true;
+    // Some file systems do not know how large a file is: what can be read counts.
+    char piece[PIECE];
+    for (qint64 more = 1; more > 0 && count < size; count += more) {
+        more = NPlatform::readAt(mFile, start + count, piece, std::min(size - count, PIECE));
+        if (fits) {
+            bytes.append(piece, static_cast<int>(more));
         }
+    }
+    if (fits && count == size) {
+        data = std::move(bytes);
+        return true;
     }
     return fail(QCoreApplication::translate("CTar", "ERROR: %1 bytes read but %2 are expected !")
                     .arg(count)

@@ -49,7 +49,7 @@ public:
      * @return False when it cannot be opened or a header cannot be read; the members before that header stay
      * indexed then, and the archive stays open.
      *
-     * Only regular files (and links to them) are opened: a directory, pipe or device fails.
+     * Regular files (and links to them) and Qt's resources are opened: a directory, pipe or device fails.
      */
     bool loadFile(const QString& fileName);
 
@@ -72,8 +72,8 @@ public:
      * @brief Reads the contents of one member.
      * @param data takes the contents, and is untouched when the result is false.
      * @return False when no archive is open, there is no such index, or the archive does not hold all bytes that the
-     * header promises. No more memory is asked for than the archive has bytes left; a member that does not fit a
-     * QByteArray (2 GiB and more) counts as one of which 0 bytes could be read.
+     * header promises. No more memory is reserved than the archive has bytes left; error() counts those. A member that
+     * does not fit a QByteArray (2 GiB and more) is not read.
      */
     bool file(int index, QByteArray& data);
 
@@ -104,7 +104,6 @@ private:
 
     QString mError;
     QFile mFile;
-    qint64 mFileSize = 0; ///< Of the open file, when last asked for: no more is reserved for a member.
     std::unique_ptr<TarIndex> mIndex;
 };
 

@@ -112,9 +112,12 @@ bool NPlatform::hasUnlistedEntry(const QString& directory)
     return false;
 }
 
-// One system call where seeking and reading are two.
+// One system call where seeking and reading are two. Resources have no handle.
 qint64 NPlatform::readAt(QFile& file, qint64 pos, char* data, qint64 size)
 {
+    if (file.handle() < 0) {
+        return file.seek(pos) ? std::max<qint64>(file.read(data, size), 0) : 0;
+    }
     qint64 done = 0;
     while (done < size) {
         const ssize_t count =

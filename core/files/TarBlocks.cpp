@@ -5,8 +5,6 @@
 
 #include <QFile>
 
-#include <algorithm>
-
 namespace {
 
 constexpr qint64 BLOCK = TarHeader::BLOCK_SIZE;
@@ -17,7 +15,6 @@ constexpr qint64 READ_AHEAD = 128 * 1024; // stays in the processor's cache
 
 TarBlocks::TarBlocks(QFile& file)
     : mFile(file)
-    , mFileSize(file.size())
 {}
 
 bool TarBlocks::read(qint64 pos)
@@ -43,15 +40,12 @@ bool TarBlocks::fill(qint64 pos)
     if (pos < 0) {
         return mFile.seek(pos); // sets the file's error
     }
-    if (pos >= mFileSize) {
-        return true;
-    }
     const bool isNear = mLastPos >= 0 && pos - mLastPos <= NEAR;
     if (isNear) {
         const qint64 start = pos / PAGE * PAGE;
-        fetch(start, std::min(start + READ_AHEAD, mFileSize));
+        fetch(start, start + READ_AHEAD);
     } else {
-        fetch(pos, std::min(pos + BLOCK, mFileSize));
+        fetch(pos, pos + BLOCK);
     }
     return true;
 }

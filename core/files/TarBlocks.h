@@ -40,7 +40,6 @@ private:
     void fetch(qint64 start, qint64 end);
 
     QFile& mFile;
-    const qint64 mFileSize;
     std::unique_ptr<SPage[]> mPages;
     qint64 mPageCount = 0;
     qint64 mStart = 0;    ///< Position of the buffer's first byte in the file.

@@ -1,3 +1,4 @@
+#include <core/files/CDir.h>
 #include <core/files/CPath.h>
 #include <tools/tlx/Directories.h>
 
@@ -9,13 +10,27 @@
 #endif
 
 // Says where the program that it is finds its directories. Arguments: "create" makes them ("installed": only those of
-// the installation), "mask" sets a strict mask for new files first.
+// the installation), "mask" sets a strict mask for new files first. "race" and a directory: makes directories below it, with
+// as many others as do the same, and says how many are missing.
 
 namespace {
 
 void print(const char* name, const QString& value)
 {
     std::printf("%s\t%s\n", name, value.toUtf8().constData());
+}
+
+int missingAfterRace(const QString& root)
+{
+    std::getchar(); // all start together
+    int missing = 0;
+    for (int round = 0; round < 100; ++round) {
+        const QString path = QStringLiteral("%1/%2/a/b/c/d").arg(root).arg(round);
+        const bool isMade = round % 2 == 0 ? QDir(CPath::createDirIfWanted(path, true)).exists()
+                                           : CDir::copyDirectory(QString(), path);
+        missing += isMade ? 0 : 1;
+    }
+    return missing;
 }
 
 } // namespace
@@ -30,6 +45,10 @@ int main(int argc, char* argv[])
         ::umask(0077);
     }
 #endif
+    if (arguments.value(1) == QLatin1String("race")) {
+        print("missing", QString::number(missingAfterRace(arguments.value(2))));
+        return 0;
+    }
     print("install", CPath::installPath());
     print("product", CPath::productName());
     print("appdata", CPath::appdataPath());

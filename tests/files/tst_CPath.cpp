@@ -11,12 +11,6 @@ const int gEarlySize = CPath::CPATH_PLUGINS.size();
 
 const QString gHere = QDir::currentPath();
 
-// The directory of "name/". On Windows Qt drops the separator at the end of a relative path before it looks.
-QString relativeDirectory(const QString& name)
-{
-    return QDir::separator() == QLatin1Char('/') ? gHere + QLatin1Char('/') + name : gHere;
-}
-
 } // namespace
 
 /// The constants and the helpers that work on texts alone.
@@ -139,8 +133,20 @@ void tst_CPath::prependPathIfNoPathIsGiven_data()
     QTest::newRow("root") << name << drive + QStringLiteral("/") << drive + QStringLiteral("/f.txt");
     QTest::newRow("relative") << name << QStringLiteral("sub/x.txt") << gHere + QStringLiteral("/sub/f.txt");
     QTest::newRow("relative directory")
-        << name << QStringLiteral("sub/")
-        << relativeDirectory(QStringLiteral("sub")) + QStringLiteral("/f.txt");
+        << name << QStringLiteral("sub/") << gHere + QStringLiteral("/sub/f.txt");
+    QTest::newRow("two relative directories")
+        << name << QStringLiteral("a/b/") << gHere + QStringLiteral("/a/b/f.txt");
+    QTest::newRow("colon first") << QStringLiteral(":f.txt") << drive + QStringLiteral("/d/")
+                                 << drive + QStringLiteral("/d/:f.txt");
+    QTest::newRow("colon alone") << QStringLiteral(":") << drive + QStringLiteral("/d/")
+                                 << drive + QStringLiteral("/d/:");
+    QTest::newRow("colon first in the path")
+        << name << QStringLiteral(":x.txt") << gHere + QStringLiteral("/f.txt");
+    QTest::newRow("colon first in both")
+        << QStringLiteral(":f.txt") << QStringLiteral(":sub/x") << gHere + QStringLiteral("/:sub/:f.txt");
+    QTest::newRow("into a resource") << name << QStringLiteral(":/d/x.txt") << QStringLiteral(":/d/f.txt");
+    QTest::newRow("is a resource") << QStringLiteral(":/f.txt") << drive + QStringLiteral("/d/")
+                                   << QStringLiteral(":/f.txt");
     QTest::newRow("empty name") << QString() << QStringLiteral("/d/") << QString();
     QTest::newRow("has a path") << QStringLiteral("e/f.txt") << QStringLiteral("C:/d/")
                                 << QStringLiteral("e/f.txt");
@@ -174,6 +180,11 @@ void tst_CPath::trimPathIfPathIsEqual_data()
     QTest::newRow("current directory") << gHere + QStringLiteral("/f.txt") << QStringLiteral(".") << bare;
     QTest::newRow("bare name in the current directory") << bare << gHere << bare;
     QTest::newRow("bare name elsewhere") << bare << QStringLiteral("/e") << bare;
+    QTest::newRow("colon first") << QStringLiteral(":f.txt") << gHere << QStringLiteral(":f.txt");
+    QTest::newRow("colon first, with the path")
+        << gHere + QStringLiteral("/:f.txt") << gHere << QStringLiteral(":f.txt");
+    QTest::newRow("colon first, elsewhere")
+        << QStringLiteral(":f.txt") << QStringLiteral(":/") << QStringLiteral(":f.txt");
     QTest::newRow("empty name") << QString() << gHere << QString();
 }
 
@@ -203,7 +214,12 @@ void tst_CPath::filePath_data()
     QTest::newRow("empty") << QString() << QString();
     QTest::newRow("bare name") << QStringLiteral("f.txt") << gHere;
     QTest::newRow("relative") << QStringLiteral("e/f.txt") << gHere + QStringLiteral("/e");
-    QTest::newRow("relative directory") << QStringLiteral("e/") << relativeDirectory(QStringLiteral("e"));
+    QTest::newRow("relative directory") << QStringLiteral("e/") << gHere + QStringLiteral("/e");
+    QTest::newRow("colon first") << QStringLiteral(":f.txt") << gHere;
+    QTest::newRow("colon alone") << QStringLiteral(":") << gHere;
+    QTest::newRow("colon first in a directory")
+        << QStringLiteral(":e/f.txt") << gHere + QStringLiteral("/:e");
+    QTest::newRow("resource") << QStringLiteral(":/e/f.txt") << QStringLiteral(":/e");
 #ifdef Q_OS_WIN
     QTest::newRow("absolute") << QStringLiteral("C:/a/b.txt") << QStringLiteral("C:/a");
     QTest::newRow("in the root") << QStringLiteral("C:/b.txt") << QStringLiteral("C:/");
@@ -330,6 +346,10 @@ void tst_CPath::cleanFileName_data()
         << drive + QStringLiteral("/x/\ta\n\tb ") << drive + QStringLiteral("/x/a b");
     QTest::newRow("bare name becomes absolute")
         << QStringLiteral("f?.txt") << gHere + QStringLiteral("/f.txt");
+    QTest::newRow("colon first") << QStringLiteral(":f.txt") << gHere + QStringLiteral("/f.txt");
+    QTest::newRow("colon alone") << QStringLiteral(":") << gHere + QLatin1Char('/');
+    QTest::newRow("colon and blanks") << QStringLiteral(": f  g") << gHere + QStringLiteral("/ f g");
+    QTest::newRow("resource") << QStringLiteral(":/e/f?.txt") << QStringLiteral(":/e/f.txt");
     QTest::newRow("in the root: one separator more")
         << root + QStringLiteral("f?") << root + QStringLiteral("/f");
     QTest::newRow("directory alone") << drive + QStringLiteral("/x/") << drive + QStringLiteral("/x/");

@@ -2,8 +2,12 @@
 
 #include <tests/support/InstalledProgram.h>
 
+#include <QDir>
 #include <QFileInfo>
+#include <QProcess>
 #include <QtTest>
+
+#include <array>
 
 namespace {
 
@@ -38,6 +42,7 @@ private Q_SLOTS:
     void createLeavesExistingDirectory();
     void createLeavesFileInTheWay();
     void createBelowFile();
+    void createByFourAtOnce();
 };
 
 void tst_CPathDirectories::trees_data()
@@ -228,6 +233,26 @@ void tst_CPathDirectories::createBelowFile()
 
     QVERIFY(!QFileInfo::exists(path));
     QVERIFY(QFileInfo(file.fileName()).isFile());
+}
+
+// Tools that start together make the same tree: each one finds its directories, whoever made them.
+void tst_CPathDirectories::createByFourAtOnce()
+{
+    const QTemporaryDir directory;
+    std::array<QProcess, 4> probes;
+    for (QProcess& probe : probes) {
+        probe.start(QStringLiteral(PATH_PROBE), {QStringLiteral("race"), directory.path()});
+        QVERIFY(probe.waitForStarted());
+    }
+    for (QProcess& probe : probes) {
+        probe.write("go\n");
+    }
+    for (QProcess& probe : probes) {
+        QVERIFY(probe.waitForFinished(60000));
+        QCOMPARE(probe.readAllStandardOutput().simplified(), QByteArray("missing 0"));
+        QCOMPARE(probe.exitCode(), 0);
+    }
+    QCOMPARE(QDir(directory.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 100);
 }
 
 QTEST_GUILESS_MAIN(tst_CPathDirectories)

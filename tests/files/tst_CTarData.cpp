@@ -3,8 +3,16 @@
 #include <core/tlxCoreQTest.h>
 #include <tests/support/MessageLog.h>
 
+#include <QDataStream>
+#include <QResource>
+#include <QScopeGuard>
 #include <QtTest>
 
+#ifdef Q_OS_LINUX
+#include <csignal>
+#include <spawn.h>
+#include <sys/wait.h>
+#endif
 #if defined(Q_OS_LINUX) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 #include <sys/resource.h>
 #define CAN_LIMIT_MEMORY
@@ -29,6 +37,11 @@ private Q_SLOTS:
     void fileGrowsWhileOpen();
     void endlessSizeReservesNothing();
     void tooLargeForByteArray();
+    void claimsTooMuch_data();
+    void claimsTooMuch();
+    void resource_data();
+    void resource();
+    void unknownFileSize();
 };
 
 namespace {
@@ -43,6 +56,69 @@ QByteArray dataOf(int size)
 {
     return tarFile("x", size).mid(512, size);
 }
+
+/// What rcc makes (format version 1) of one file ":/x": the tree of the root and the file, its name, its data.
+QByteArray resourceOf(const QByteArray& bytes, bool isPacked)
+{
+    constexpr quint32 HEAD = 20;
+    constexpr quint16 PACKED = 1;
+    constexpr quint16 DIRECTORY = 2;
+    constexpr quint16 ANY = 0; // neither territory nor language
+    const QByteArray content = isPacked ? qCompress(bytes) : bytes;
+    const quint32 names = HEAD + 28;
+    QByteArray pack;
+    QDataStream stream(&pack, QIODevice::WriteOnly);
+    stream.writeRawData("qres", 4);
+    stream << quint32(1) << HEAD << names + 8 << names;
+    stream << quint32(0) << DIRECTORY << quint32(1) << quint32(1);
+    stream << quint32(0) << quint16(isPacked ? PACKED : ANY) << ANY << quint16(QLocale::C) << quint32(0);
+    stream << quint16(1) << quint32('x') << quint16('x');
+    stream << content;
+    return pack;
+}
+
+#ifdef Q_OS_LINUX
+/// Another program that sleeps, and whose environment is these bytes.
+class ProcessWithEnvironment
+{
+public:
+    explicit ProcessWithEnvironment(const QByteArray& bytes)
+    {
+        QList<QByteArray> texts = bytes.split('\0');
+        std::vector<char*> variables;
+        for (QByteArray& text : texts) {
+            variables.push_back(text.data());
+        }
+        variables.push_back(nullptr);
+        char name[] = "sleep";
+        char seconds[] = "60";
+        char* const arguments[] = {name, seconds, nullptr};
+        if (posix_spawnp(&mId, name, nullptr, nullptr, arguments, variables.data()) != 0) {
+            mId = -1;
+        }
+    }
+    ~ProcessWithEnvironment()
+    {
+        if (mId > 0) {
+            kill(mId, SIGKILL);
+            waitpid(mId, nullptr, 0);
+        }
+    }
+    ProcessWithEnvironment(const ProcessWithEnvironment&) = delete;
+    ProcessWithEnvironment& operator=(const ProcessWithEnvironment&) = delete;
+
+    QString environmentFile() const { return QStringLiteral("/proc/%1/environ").arg(mId); }
+
+    bool hasStarted() const
+    {
+        QFile file(environmentFile());
+        return file.open(QIODevice::ReadOnly) && !file.readAll().isEmpty();
+    }
+
+private:
+    pid_t mId = -1;
+};
+#endif
 
 } // namespace
 
@@ -276,11 +352,103 @@ void tst_CTarData::tooLargeForByteArray()
     QVERIFY(tar.loadFile(path));
     QByteArray data("kept");
     QVERIFY(!tar.file(0, data));
-    QCOMPARE(tar.error(), shortRead(0, 3221225472));
+    QCOMPARE(tar.error(), shortRead(3221225472, 3221225472)); // all there, and more than fits
     QCOMPARE(data, QByteArray("kept"));
     QVERIFY(tar.file(1, data)); // beyond 4 GiB of nothing, the rest is still there
     QCOMPARE(data, QByteArray("ABCD"));
     QCOMPARE(tar.info(1).mPos, Q_INT64_C(3221225984));
+}
+
+void tst_CTarData::claimsTooMuch_data()
+{
+    QTest::addColumn<QByteArray>("field");
+    QTest::addColumn<qint64>("size");
+
+    QTest::newRow("1 GiB") << QByteArray("10000000000") << Q_INT64_C(0x40000000);
+    QTest::newRow("2 GiB - 33") << QByteArray("17777777737") << Q_INT64_C(0x7fffffdf);
+    QTest::newRow("2 GiB - 32") << QByteArray("17777777740") << Q_INT64_C(0x7fffffe0);
+    QTest::newRow("2 GiB - 1") << QByteArray("17777777777") << Q_INT64_C(0x7fffffff);
+    QTest::newRow("2 GiB") << QByteArray("20000000000") << Q_INT64_C(0x80000000);
+    QTest::newRow("8 GiB - 1") << QByteArray("77777777777") << Q_INT64_C(0x1ffffffff);
+}
+
+void tst_CTarData::claimsTooMuch()
+{
+    QFETCH(QByteArray, field);
+    QFETCH(qint64, size);
+    STarMember member;
+    member.name = "huge";
+    member.size = field;
+    const QTemporaryDir dir;
+    CTar tar;
+    QVERIFY(
+        !tar.loadFile(writeFile(dir, QStringLiteral("x.tar"), tarHeader(member) + QByteArray(5000, 'x'))));
+    QCOMPARE(tar.info(0).mSize, size);
+    QByteArray data("kept");
+    QVERIFY(!tar.file(0, data));
+    QCOMPARE(tar.error(), shortRead(5000, size));
+    QCOMPARE(data, QByteArray("kept"));
+}
+
+void tst_CTarData::resource_data()
+{
+    QTest::addColumn<bool>("isPacked");
+
+    QTest::newRow("plain") << false;
+    QTest::newRow("compressed") << true;
+}
+
+void tst_CTarData::resource()
+{
+    QFETCH(bool, isPacked);
+    const QByteArray bytes = tarFile("a", 700) + tarFile("b", 300000) + tarFile("c", 5);
+    const QByteArray pack = resourceOf(bytes, isPacked);
+    const uchar* const data = reinterpret_cast<const uchar*>(pack.constData());
+    QVERIFY(QResource::registerResource(data));
+    const auto unregister = qScopeGuard([&] { QResource::unregisterResource(data); });
+    CTar tar;
+    QVERIFY(!tar.loadFile(QStringLiteral(":/x")));
+    QCOMPARE(tar.error(),
+             QStringLiteral("ERROR : The file ist too short. Only 0 bytes read but 512 expected !"));
+    QCOMPARE(tar.names().join(QLatin1Char('|')), QStringLiteral("a|b|c"));
+    QByteArray read;
+    QVERIFY(tar.file(QStringLiteral("b"), read));
+    QCOMPARE(read, dataOf(300000));
+    QVERIFY(tar.file(0, read));
+    QCOMPARE(read, dataOf(700));
+    qint64 pos = 0;
+    bool end = false;
+    QVERIFY(tar.readFileHeader(pos, end));
+    QCOMPARE(tar.info(3).mName, QStringLiteral("a"));
+}
+
+// The kernel gives such files a size of 0 and bytes that are made as they are read.
+void tst_CTarData::unknownFileSize()
+{
+#ifdef Q_OS_LINUX
+    STarMember huge;
+    huge.name = "huge";
+    huge.size = "20000000000";
+    const QByteArray bytes = tarFile("a", 700) + tarFile("b", 9000) + tarHeader(huge) + QByteArray(99, 'x');
+    const ProcessWithEnvironment process(bytes);
+    const QString path = process.environmentFile();
+    QTRY_VERIFY(process.hasStarted());
+    QCOMPARE(QFileInfo(path).size(), qint64(0));
+    CTar tar;
+    QVERIFY(!tar.loadFile(path));
+    QCOMPARE(tar.error(),
+             QStringLiteral("ERROR : The file ist too short. Only 0 bytes read but 512 expected !"));
+    QCOMPARE(tar.names().join(QLatin1Char('|')), QStringLiteral("a|b|huge"));
+    QByteArray data;
+    QVERIFY(tar.file(1, data));
+    QCOMPARE(data, dataOf(9000));
+    QVERIFY(tar.file(0, data));
+    QCOMPARE(data, dataOf(700));
+    QVERIFY(!tar.file(2, data));
+    QCOMPARE(tar.error(), shortRead(100, 0x80000000)); // the zero byte that ends the last variable, too
+#else
+    QSKIP("only Linux shows a process's environment as a file");
+#endif
 }
 
 QTEST_GUILESS_MAIN(tst_CTarData)

@@ -46,13 +46,14 @@ int runTree(const QCommandLineParser& parser, CReport& report)
         report.setError(QStringLiteral("no such directory: %1").arg(arguments.first()));
         return EXIT_INVALID;
     }
+    const QString root = QDir::current().absoluteFilePath(arguments.first());
     QList<QStringList> rows;
     qint64 bytes = 0;
-    const QFileInfoList entries = CDir::entryInfoListRecursive(arguments.first(), {}, filterOf(parser));
+    const QFileInfoList entries = CDir::entryInfoListRecursive(root, {}, filterOf(parser));
     for (const QFileInfo& entry : entries) {
         const bool isFile = entry.isFile() && !entry.isSymLink();
         bytes += isFile ? entry.size() : 0;
-        rows << QStringList{CDir::getRelativeSubPath(arguments.first(), entry.filePath()), kindOf(entry),
+        rows << QStringList{CDir::getRelativeSubPath(root, entry.filePath()), kindOf(entry),
                             isFile ? QString::number(entry.size()) : QString()};
     }
     std::sort(rows.begin(), rows.end());
