@@ -10,7 +10,7 @@ constexpr long double SECONDS[] = {1e-12L, 1e-9L, 1e-6L, 1e-3L, 1.0L, 60.0L, 360
 
 long double secondsOf(CTime::ETimeUnit unit)
 {
-    return unit >= CTime::TIME_PS && unit <= CTime::TIME_H ? SECONDS[unit] : 1.0L;
+    return unit >= CTime::UNIT_PS && unit <= CTime::UNIT_H ? SECONDS[unit] : 1.0L;
 }
 
 CTime::ETimeUnit anyUnit(Input& input)
@@ -60,16 +60,16 @@ void checkReal(double value, CTime::ETimeUnit from, CTime::ETimeUnit to)
         FUZZ_CHECK(isNear(static_cast<long double>(converted), expected));
     }
     long long count = 77;
-    auto unit = CTime::TIME_UNKNOWN;
+    auto unit = CTime::UNIT_UNKNOWN;
     const bool written = CTime::convertToPrevIntegerValue(value, from, count, unit);
-    FUZZ_CHECK(!written || (unit >= CTime::TIME_PS && unit <= CTime::TIME_UNKNOWN));
+    FUZZ_CHECK(!written || (unit >= CTime::UNIT_PS && unit <= CTime::UNIT_UNKNOWN));
 }
 
 void checkUnitText(const QString& text)
 {
     const CTime::ETimeUnit unit = CTime::unit(text);
-    FUZZ_CHECK(unit == CTime::mUnitHash.value(text.toLower(), CTime::TIME_UNKNOWN));
-    FUZZ_CHECK(unit == CTime::TIME_UNKNOWN || CTime::unit(CTime::unitStr(unit)) == unit);
+    FUZZ_CHECK(unit == CTime::mUnitHash.value(text.toLower(), CTime::UNIT_UNKNOWN));
+    FUZZ_CHECK(unit == CTime::UNIT_UNKNOWN || CTime::unit(CTime::unitStr(unit)) == unit);
 }
 
 } // namespace
@@ -80,14 +80,14 @@ static void fuzz(Input& input)
     const CTime right(input.take<quint64>(), anyUnit(input));
     const auto real = input.take<double>();
     checkConversion(left, right.unit());
-    checkConversion(right, CTime::TIME_MS);
+    checkConversion(right, CTime::UNIT_MS);
     checkOrder(left, right);
     checkReal(real, left.unit(), right.unit());
     checkUnitText(input.text());
     FUZZ_CHECK((left + right).unit() == left.unit());
     FUZZ_CHECK((left * real).unit() == left.unit() && (left * real).value() == (real * left).value());
     long long count = 0;
-    auto unit = CTime::TIME_UNKNOWN;
+    auto unit = CTime::UNIT_UNKNOWN;
     left.convertToPrevIntegerValue(count, unit);
-    FUZZ_CHECK(left.isValid() == (left.unit() >= CTime::TIME_NS && left.unit() <= CTime::TIME_H));
+    FUZZ_CHECK(left.isValid() == (left.unit() >= CTime::UNIT_NS && left.unit() <= CTime::UNIT_H));
 }

@@ -47,12 +47,12 @@ void compare(benchmark::State& state, const Duration& a, const Other& b)
 
 void compareTime(benchmark::State& state)
 {
-    compare(state, CTime(1500, CTime::TIME_MS), CTime(2, CTime::TIME_S));
+    compare(state, CTime(1500, CTime::UNIT_MS), CTime(2, CTime::UNIT_S));
 }
 
 void compareNanoseconds(benchmark::State& state)
 {
-    compare(state, CTime(1500, CTime::TIME_NS), CTime(2000, CTime::TIME_NS));
+    compare(state, CTime(1500, CTime::UNIT_NS), CTime(2000, CTime::UNIT_NS));
 }
 
 void compareChrono(benchmark::State& state)

@@ -13,10 +13,10 @@
 namespace NtlxGlobal {
 
 /// A Latin-1 constant whose length is known to the compiler.
-template <int size>
+template <std::size_t size>
 constexpr QLatin1String sharedName(const char (&text)[size])
 {
-    return QLatin1String(text, size - 1);
+    return QLatin1String(text, static_cast<int>(size - 1));
 }
 
 /// An object of an application.

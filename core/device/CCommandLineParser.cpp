@@ -21,6 +21,10 @@ CCommandLineParser::CCommandLineParser(QStringList* list)
     : arguments(argumentsMap(list))
 {}
 
+CCommandLineParser::CCommandLineParser(const CCommandLineParser& other) noexcept = default;
+
+CCommandLineParser& CCommandLineParser::operator=(const CCommandLineParser& other) noexcept = default;
+
 CCommandLineParser::~CCommandLineParser() = default;
 
 QMap<QString, QString> CCommandLineParser::argumentsMap(QStringList* list)

@@ -33,9 +33,9 @@ public:
     /// The arguments of a list, the first included; null is an empty list.
     explicit CCommandLineParser(QStringList* list);
 
+    CCommandLineParser(const CCommandLineParser& other) noexcept;
+    CCommandLineParser& operator=(const CCommandLineParser& other) noexcept;
     virtual ~CCommandLineParser();
-    CCommandLineParser(const CCommandLineParser&) = default;
-    CCommandLineParser& operator=(const CCommandLineParser&) = default;
 
     /// The map of a list of arguments of the form key=value; empty for null.
     static QMap<QString, QString> argumentsMap(QStringList* list);

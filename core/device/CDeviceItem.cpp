@@ -15,6 +15,10 @@ CDeviceItem::CDeviceItem(const QString& deviceName, EHostAddrType type, const QH
     , extraText(text)
 {}
 
+CDeviceItem::CDeviceItem(const CDeviceItem& other) noexcept = default;
+
+CDeviceItem& CDeviceItem::operator=(const CDeviceItem& other) noexcept = default;
+
 QString CDeviceItem::configurationName() const
 {
     return mConfigurationName;

@@ -41,6 +41,10 @@ public:
     CDeviceItem(const QString& deviceName, EHostAddrType type, const QHostAddress& address,
                 unsigned short devicePort, const QString& text);
 
+    /// Shares texts, address and sub-devices. Moving does the same: what was moved from keeps its fields.
+    CDeviceItem(const CDeviceItem& other) noexcept;
+    CDeviceItem& operator=(const CDeviceItem& other) noexcept;
+
     /// The name of the device's configuration.
     QString configurationName() const;
     void setConfigurationName(const QString& configurationName);

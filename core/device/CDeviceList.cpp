@@ -13,6 +13,10 @@ CDeviceList::CDeviceList(const QString& listName, ESourceType type)
     , sourceType(type)
 {}
 
+CDeviceList::CDeviceList(const CDeviceList& other) noexcept = default;
+
+CDeviceList& CDeviceList::operator=(const CDeviceList& other) noexcept = default;
+
 int CDeviceList::size() const
 {
     return devices.size();

@@ -41,6 +41,10 @@ public:
     /// Without devices.
     CDeviceList(const QString& listName, ESourceType type);
 
+    /// Shares name and devices. Moving does the same: what was moved from keeps them.
+    CDeviceList(const CDeviceList& other) noexcept;
+    CDeviceList& operator=(const CDeviceList& other) noexcept;
+
     /// The number of entries, each of several under one number counted.
     int size() const;
     /// The same as size().

@@ -91,7 +91,7 @@ CMotorBaseName::CMotorBaseName(const QString& fileName, bool numeric)
 
 CMotorBaseName::~CMotorBaseName() = default;
 
-CMotorBaseName& CMotorBaseName::operator=(const CMotorBaseName& other)
+CMotorBaseName& CMotorBaseName::operator=(const CMotorBaseName& other) noexcept
 {
     // mNumericNumber is left out: it says what this object accepts, and callers rely on its staying.
     mManufacturer = other.mManufacturer;

@@ -44,7 +44,7 @@ public:
     virtual ~CMotorBaseName();
 
     /// Copies the three parts; the flag stays this object's own.
-    CMotorBaseName& operator=(const CMotorBaseName& other);
+    CMotorBaseName& operator=(const CMotorBaseName& other) noexcept;
 
     /// Parses as setFileBaseName() does.
     CMotorBaseName& operator=(const QString& fileName);

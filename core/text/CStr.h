@@ -134,8 +134,8 @@ public:
      * @brief A number with a fixed count of decimals in the default locale, without group separators.
      *
      * @param value The number.
-     * @param precision The decimals; below 0 they are 6, but for QLocale::FloatingPointShortest: as few as tell the
-     * number from its neighbours. No more than 1100 are shown (a double has fewer).
+     * @param precision The decimals, at most 65535: more are not shown. Negative: 6, except
+     * QLocale::FloatingPointShortest, the shortest text that round-trips.
      */
     static QString doubleToString(double value, int precision);
 
@@ -209,13 +209,14 @@ public:
     /**
      * @brief Reads what revisionToString() wrote; without a dot the lower half is 0.
      *
-     * @param text One or two decimal numbers of at most 65535, without sign.
+     * @param text One or two decimal numbers from 0 to 65535. As everywhere, a sign is part of a number: "+1.005" and
+     * "-0.5" are revisions, "-1.5" is not.
      * @param revision Receives them; untouched on failure.
      * @return Whether the text has this form.
      */
     static bool stringToRevision(QString text, unsigned int& revision);
 
-    /// The same with numbers of at most 255.
+    /// The same with numbers from 0 to 255.
     static bool stringToRevision(QString text, unsigned short& revision);
 
     /**

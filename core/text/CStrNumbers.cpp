@@ -11,7 +11,7 @@ using namespace NNumberReading;
 
 namespace {
 
-constexpr int MOST_DECIMALS = 1100;
+constexpr int MOST_DECIMALS = 65535; // an absurd number would reserve gigabytes
 
 template <typename T>
 T inRange(quint64 value, bool& ok)

@@ -23,11 +23,11 @@ QString twoNumbers(unsigned int major, unsigned int minor, int minorDigits)
            + QString::number(minor).rightJustified(minorDigits, QLatin1Char('0'));
 }
 
-// Both halves of a revision, each in [0, limit] and without a sign.
+// Both halves of a revision, each in [0, limit].
 bool splitRevision(const QString& text, int limit, int& major, int& minor)
 {
-    return !text.contains(QLatin1Char('-')) && !text.contains(QLatin1Char('+'))
-           && CStr::_splitStringAtDot(text, major, minor) && major <= limit && minor <= limit;
+    const auto isHalf = [limit](int number) { return number >= 0 && number <= limit; };
+    return CStr::_splitStringAtDot(text, major, minor) && isHalf(major) && isHalf(minor);
 }
 
 constexpr struct

@@ -25,7 +25,7 @@ class CTimeData : public QSharedData
 {
 public:
     quint64 value = 0;
-    CTime::ETimeUnit unit = CTime::TIME_UNKNOWN;
+    CTime::ETimeUnit unit = CTime::UNIT_UNKNOWN;
 };
 
 TLX_INIT_FIRST const QHash<QString, CTime::ETimeUnit> CTime::mUnitHash = CTime::createUnitHash();
@@ -42,7 +42,7 @@ struct STimeUnit
 constexpr STimeUnit TIME_UNITS[] = {{u"ps", 1e-12}, {u"ns", 1e-9}, {u"\u00B5s", 1e-6}, {u"ms", 0.001},
                                     {u"s", 1},      {u"min", 60},  {u"h", 3600}};
 constexpr int TIME_UNIT_COUNT = sizeof(TIME_UNITS) / sizeof(TIME_UNITS[0]);
-static_assert(TIME_UNIT_COUNT == CTime::TIME_UNKNOWN, "one row a unit");
+static_assert(TIME_UNIT_COUNT == CTime::UNIT_UNKNOWN, "one row a unit");
 
 // The unit's seconds, 1 for what is no unit; dividing by 1e-12 is not multiplying by 1e12, hence fromSeconds().
 double secondsOf(CTime::ETimeUnit unit)
@@ -53,7 +53,7 @@ double secondsOf(CTime::ETimeUnit unit)
 double fromSeconds(double seconds, CTime::ETimeUnit unit)
 {
     constexpr double PER_SECOND[] = {1e12, 1e9, 1e6, 1000};
-    return unit >= 0 && unit < CTime::TIME_S ? seconds * PER_SECOND[unit] : seconds / secondsOf(unit);
+    return unit >= 0 && unit < CTime::UNIT_S ? seconds * PER_SECOND[unit] : seconds / secondsOf(unit);
 }
 
 quint64 rounded(double value)
@@ -82,9 +82,9 @@ CTime::CTime(unsigned long long value, ETimeUnit unit)
     setValue(value, unit);
 }
 
-CTime::CTime(const CTime& other) = default;
+CTime::CTime(const CTime& other) noexcept = default;
 
-CTime& CTime::operator=(const CTime& other) = default;
+CTime& CTime::operator=(const CTime& other) noexcept = default;
 
 CTime::~CTime() = default;
 
@@ -123,22 +123,22 @@ void CTime::setValue(unsigned long long value, ETimeUnit unit)
 
 bool CTime::isValid() const
 {
-    return d->unit >= TIME_NS && d->unit <= TIME_H;
+    return d->unit >= UNIT_NS && d->unit <= UNIT_H;
 }
 
 unsigned long long CTime::toNS() const
 {
-    return value(TIME_NS);
+    return value(UNIT_NS);
 }
 
 unsigned long long CTime::toMS() const
 {
-    return value(TIME_MS);
+    return value(UNIT_MS);
 }
 
 unsigned long long CTime::toS() const
 {
-    return value(TIME_S);
+    return value(UNIT_S);
 }
 
 void CTime::fromValue(const CTime& other)
@@ -155,7 +155,7 @@ bool CTime::convertToPrevIntegerValue(long long& value, ETimeUnit& unit) const
 bool CTime::convertToPrevIntegerValue(const double& value, ETimeUnit unit, long long& outValue,
                                       ETimeUnit& outUnit)
 {
-    if (value == 0 || unit <= TIME_PS || !std::isfinite(value)) {
+    if (value == 0 || unit <= UNIT_PS || !std::isfinite(value)) {
         return false;
     }
     // The outputs may be the inputs.
@@ -163,7 +163,7 @@ bool CTime::convertToPrevIntegerValue(const double& value, ETimeUnit unit, long 
     const qint64 sign = duration < 0 ? -1 : 1;
     bool written = false;
     // What is no unit counts as seconds, whatever its number: one of them stands for all.
-    for (qint32 step = std::min<qint32>(unit, TIME_UNKNOWN); step >= TIME_PS; --step) {
+    for (qint32 step = std::min<qint32>(unit, UNIT_UNKNOWN); step >= UNIT_PS; --step) {
         const ETimeUnit stepUnit = static_cast<ETimeUnit>(step);
         const double count = std::fabs(convertValue(duration, unit, stepUnit));
         const double whole = std::trunc(count);
@@ -194,7 +194,7 @@ QString CTime::unitStr(ETimeUnit unit)
 
 CTime::ETimeUnit CTime::unit(const QString& text)
 {
-    return mUnitHash.value(text.toLower(), TIME_UNKNOWN);
+    return mUnitHash.value(text.toLower(), UNIT_UNKNOWN);
 }
 
 bool CTime::operator==(const CTime& other) const
@@ -234,7 +234,7 @@ CTime operator+(const CTime& a, const CTime& b)
         return CTime(static_cast<quint64>(2 * static_cast<qint64>(a.unit())), a.unit());
     }
     const double sum = static_cast<double>(a.toNS() + b.toNS());
-    return CTime(floatToInteger<quint64>(CTime::convertValue(sum, CTime::TIME_NS, a.unit())), a.unit());
+    return CTime(floatToInteger<quint64>(CTime::convertValue(sum, CTime::UNIT_NS, a.unit())), a.unit());
 }
 
 CTime operator*(const CTime& time, double factor)

@@ -19,14 +19,14 @@ class QDebug;
  * that leaves 64 bits is defined: a number from 2^63 up counts as 2^63 (CMath::round takes no more), a negative one
  * as its two's complement, NaN as 2^63.
  *
- * A default object counts 0 of CTime::TIME_UNKNOWN. isValid() accepts nanoseconds to hours only; a unit that is none
+ * A default object counts 0 of CTime::UNIT_UNKNOWN. isValid() accepts nanoseconds to hours only; a unit that is none
  * converts as if it were seconds.
  *
  * @code
- * const CTime period(1500, CTime::TIME_MS);
+ * const CTime period(1500, CTime::UNIT_MS);
  * period.toS();                                        // 2
- * period.value(CTime::TIME_US);                        // 1500000
- * period == CTime(1500000000, CTime::TIME_NS);         // true
+ * period.value(CTime::UNIT_US);                        // 1500000
+ * period == CTime(1500000000, CTime::UNIT_NS);         // true
  * @endcode
  */
 class TLXCORE_EXPORT CTime
@@ -35,14 +35,14 @@ public:
     /// Units; the numbers travel in streams. A stream stores whatever 32-bit number it reads.
     enum ETimeUnit : qint32
     {
-        TIME_PS = 0,     ///< Picosecond, "ps".
-        TIME_NS = 1,     ///< Nanosecond, "ns".
-        TIME_US = 2,     ///< Microsecond, U+00B5 and "s".
-        TIME_MS = 3,     ///< Millisecond, "ms".
-        TIME_S = 4,      ///< Second, "s".
-        TIME_MIN = 5,    ///< Minute, "min".
-        TIME_H = 6,      ///< Hour, "h".
-        TIME_UNKNOWN = 7 ///< No unit.
+        UNIT_PS = 0,     ///< Picosecond, "ps".
+        UNIT_NS = 1,     ///< Nanosecond, "ns".
+        UNIT_US = 2,     ///< Microsecond, U+00B5 and "s".
+        UNIT_MS = 3,     ///< Millisecond, "ms".
+        UNIT_S = 4,      ///< Second, "s".
+        UNIT_MIN = 5,    ///< Minute, "min".
+        UNIT_H = 6,      ///< Hour, "h".
+        UNIT_UNKNOWN = 7 ///< No unit.
     };
 
     /// From a unit's text to the unit: the seven units. Ready before the static objects of a program are made.
@@ -51,11 +51,13 @@ public:
     /// The pairs of mUnitHash.
     static QHash<QString, ETimeUnit> createUnitHash();
 
-    /// Counts 0 of TIME_UNKNOWN.
+    /// Counts 0 of UNIT_UNKNOWN.
     CTime();
     CTime(unsigned long long value, ETimeUnit unit);
-    CTime(const CTime& other);
-    CTime& operator=(const CTime& other);
+
+    /// Shares the data. Moving does the same: what was moved from keeps its duration.
+    CTime(const CTime& other) noexcept;
+    CTime& operator=(const CTime& other) noexcept;
     virtual ~CTime();
 
     /// The count, in the unit held.
@@ -100,7 +102,7 @@ public:
     static bool convertToPrevIntegerValue(const double& value, ETimeUnit unit, long long& outValue,
                                           ETimeUnit& outUnit);
 
-    /// `value` in `from`, counted in `to`. TIME_UNKNOWN and numbers that are no unit count as seconds.
+    /// `value` in `from`, counted in `to`. UNIT_UNKNOWN and numbers that are no unit count as seconds.
     static double convertValue(const double& value, ETimeUnit from, ETimeUnit to);
 
     /// `value` in `unit`, counted in seconds; unchanged for what is no unit.
@@ -109,7 +111,7 @@ public:
     /// The unit's text; empty for what is no unit.
     static QString unitStr(ETimeUnit unit);
 
-    /// The unit of a text, whose case does not matter (QString::toLower()); TIME_UNKNOWN when there is none.
+    /// The unit of a text, whose case does not matter (QString::toLower()); UNIT_UNKNOWN when there is none.
     static ETimeUnit unit(const QString& text);
 
     /// Comparisons of the two durations in whole nanoseconds, of equal units too: 1 ps equals 2 ps.

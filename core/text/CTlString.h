@@ -129,7 +129,8 @@ public:
      * - Fixed point: the digits without their separators, as a signed 64-bit number; "0x" reads hexadecimal, a
      *   leading 0 octal.
      * - Hexadecimal: normalised as by validateHexStr(), to 16 digits when the descriptor has neither width nor
-     *   fraction; a factor other than 1 multiplies the unsigned bits, behind a "-" the signed number.
+     *   fraction. More than 64 bits are a number for the signed types alone, and only where the excess is exactly the "f"
+     *   that toStr() prints for a negative number. A factor other than 1 multiplies the unsigned bits, behind a "-" the signed number.
      * - Binary: normalised likewise; always multiplied as a double.
      *
      * Then the pre-shift is undone, and the result is cut to the type: "ff" is -1 as an 8-bit signed number. Products
@@ -192,12 +193,13 @@ public:
      *
      * @param s The entry.
      * @param format Its descriptor; under the binary notation the digits are binary ones.
-     * @return Whether the text was a number of that notation, of which no digit but zeros was cut and which fits 64
-     * bits. An empty text was none, and binary numbers have no sign.
+     * @return True if the text is a number in that notation, only zeros were cut and it fits 64 bits; false for empty text
+     * and for a binary number with a sign. The "f" that toStr() puts in front of the 64 bits of a negative number, when a
+     * fraction makes the text wider than 16 digits, are not counted.
      */
     static bool validateHexStr(QString& s, SFormatValue format);
 
-    /// Normalises a binary entry in place as validateHexStr() does a hexadecimal one.
+    /// The same as validateHexStr(): the descriptor's notation decides here, too.
     static bool validateDualStr(QString& s, SFormatValue format);
 };
 

@@ -86,15 +86,37 @@ QString fitted(const QString& digits, int width, bool& fits)
     return kept;
 }
 
-bool fits64Bits(const QString& digits, bool dual, bool negative)
+bool fits64Bits(const QString& integer, const QString& fraction, bool negative, SFormatValue format)
 {
     bool ok = false;
-    const quint64 value = NNumberReading::readUnsigned(digits, dual ? 2 : 16, ok);
-    return ok && (!negative || (!dual && value <= Q_UINT64_C(1) << 63));
+    if (format.notation == CTlString::NOTATION_DUAL) {
+        NNumberReading::readUnsigned(integer + fraction, 2, ok);
+        return ok && !negative; // binary numbers have no sign
+    }
+    if (negative) {
+        NNumberReading::readSigned(QLatin1Char('-') + integer + fraction, 16, ok);
+        return ok;
+    }
+    NNumberReading::readHex(integer, fraction, format.width, std::max<int>(format.fractionDigits, 0), true,
+                            ok);
+    return ok;
 }
 
-bool validateEntry(QString& s, SFormatValue format, bool dual)
+} // namespace
+
+QString CTlString::validateUpperString(const QString& s, SFormatValue format)
 {
+    return normalisedPart(s, format.width - format.fractionDigits);
+}
+
+QString CTlString::validateLowerString(const QString& s, SFormatValue format)
+{
+    return normalisedPart(s, format.fractionDigits);
+}
+
+bool CTlString::validateHexStr(QString& s, SFormatValue format)
+{
+    const bool dual = format.notation == NOTATION_DUAL;
     const bool wasEmpty = s.isEmpty();
     const int fractionDigits = std::max<int>(format.fractionDigits, 0);
     const SEntry entry = readEntry(wasEmpty ? QStringLiteral("0") : s, dual, fractionDigits > 0);
@@ -113,30 +135,10 @@ bool validateEntry(QString& s, SFormatValue format, bool dual)
     if (entry.negative) {
         s.prepend(QLatin1Char('-'));
     }
-    const QString digits = integer + lower;
-    return !wasEmpty && fits
-           && fits64Bits(dual ? digits : NNumberReading::withoutSignFill(digits, fractionDigits), dual,
-                         entry.negative);
-}
-
-} // namespace
-
-QString CTlString::validateUpperString(const QString& s, SFormatValue format)
-{
-    return normalisedPart(s, format.width - format.fractionDigits);
-}
-
-QString CTlString::validateLowerString(const QString& s, SFormatValue format)
-{
-    return normalisedPart(s, format.fractionDigits);
-}
-
-bool CTlString::validateHexStr(QString& s, SFormatValue format)
-{
-    return validateEntry(s, format, format.notation == NOTATION_DUAL);
+    return !wasEmpty && fits && fits64Bits(integer, lower, entry.negative, format);
 }
 
 bool CTlString::validateDualStr(QString& s, SFormatValue format)
 {
-    return validateEntry(s, format, true);
+    return validateHexStr(s, format);
 }

@@ -57,12 +57,14 @@ quint64 hexBits(QString text, SFormatValue format, double factor, bool& ok)
         return plain;
     }
     CTlString::validateHexStr(text, format);
-    text = NNumberReading::withoutSignFill(withoutSeparators(text), format.fractionDigits);
     if (text.startsWith(QLatin1Char('-'))) {
-        const qint64 number = NNumberReading::readSigned(text, 16, ok);
+        const qint64 number = NNumberReading::readSigned(withoutSeparators(text), 16, ok);
         return isOne(factor) ? static_cast<quint64>(number) : product<T>(static_cast<double>(number), factor);
     }
-    const quint64 bits = NNumberReading::readUnsigned(text, 16, ok);
+    const int colon = text.indexOf(QLatin1Char(':'));
+    const quint64 bits = NNumberReading::readHex(
+        withoutSeparators(text.left(colon)), colon < 0 ? QString() : withoutSeparators(text.mid(colon)),
+        format.width, std::max<int>(format.fractionDigits, 0), std::is_signed<T>::value, ok);
     return isOne(factor) ? bits : product<T>(static_cast<double>(bits), factor);
 }
 

@@ -1,6 +1,8 @@
 #ifndef TLXCORE_NUMBERREADING_H
 #define TLXCORE_NUMBERREADING_H
 
+#include <core/text/NumberText.h>
+
 #include <QString>
 
 /**
@@ -81,19 +83,26 @@ inline float readFloat(const QString& text, bool& ok)
     return ok ? value : 0.0F;
 }
 
-/// Hexadecimal digits without what toStr() shows of a negative number beyond 64 bits: its integer part has 16 digits,
-/// of which up to `fractionDigits` at the front are "f" for the sign.
-inline QString withoutSignFill(const QString& digits, int fractionDigits)
+/// Two's complement hexadecimal digits, the last `fractionDigits` of them in `fraction`. More than 64 bits are a number
+/// for a signed type alone, and only as toStr() prints a negative one in `width` characters: its integer part is shifted
+/// arithmetically and cut to its width, which puts up to `fractionDigits` times "f" in front of the 64 bits.
+inline quint64 readHex(const QString& integer, const QString& fraction, int width, int fractionDigits,
+                       bool isSigned, bool& ok)
 {
-    int first = 0;
-    while (first < digits.size() && digits.at(first) == QLatin1Char('0')) {
-        ++first;
+    const quint64 bits = readUnsigned(integer + fraction, 16, ok);
+    if (ok || !isSigned || fraction.size() != fractionDigits) {
+        return bits;
     }
-    const int excess = digits.size() - first - 16;
-    const QString fill(excess > 0 ? excess : 0, QLatin1Char('f'));
-    const bool isFill = excess > 0 && excess <= fractionDigits && digits.midRef(first, excess) == fill
-                        && digits.at(first + excess) >= QLatin1Char('8');
-    return isFill ? digits.mid(first + excess) : digits;
+    bool isFraction = false;
+    const quint64 upper = readUnsigned(integer, 16, ok);
+    const quint64 lower = readUnsigned(fraction, 16, isFraction);
+    const quint64 value = NNumberText::shifted(upper, -4 * fractionDigits) | lower;
+    const auto printed =
+        static_cast<quint64>(NNumberText::shifted(static_cast<qint64>(value), 4 * fractionDigits));
+    const int digits = width - fractionDigits;
+    const quint64 shown = digits < 0 ? printed : printed & ~NNumberText::shifted(~Q_UINT64_C(0), -4 * digits);
+    ok = ok && isFraction && static_cast<qint64>(value) < 0 && upper == shown;
+    return ok ? value : 0;
 }
 
 } // namespace NNumberReading

@@ -25,8 +25,8 @@ int main()
     const CVariant character(QChar(u'A'));
     const CVariant bytes(QStringLiteral("abc"), NTypes::TYPE_CHARSTR64);
     const CVariant record(NTypes::tsDateTime{{56, 10, 22, 13}, {4, 5, 2018}});
-    const CTime period(1500, CTime::TIME_MS);
-    const CTime odd(5, CTime::TIME_UNKNOWN);
+    const CTime period(1500, CTime::UNIT_MS);
+    const CTime odd(5, CTime::UNIT_UNKNOWN);
     const CDateTime made(0x07E803050D07092DLL, Qt::UTC);
     const CDateTime never;
     const CIPv6Address address(QStringLiteral("fe80:0:0:0:0:0:0:1"));

@@ -1,5 +1,6 @@
 #include <core/tlxCoreQTest.h>
 #include <tests/support/Comparisons.h>
+#include <tests/support/Handles.h>
 #include <tests/support/StreamBytes.h>
 
 #include <QTimeZone>
@@ -19,6 +20,8 @@ QDateTime ahead(int hour)
 
 } // namespace
 
+static_assert(IS_NOTHROW_HANDLE<CDateTime>, "containers move it without copying it back");
+
 /// CDateTime as a value: comparison, hash, streams, QVariant, debug output.
 class tst_CDateTimeValue : public QObject
 {
@@ -37,6 +40,7 @@ private Q_SLOTS:
     void streamHostile_data();
     void streamHostile();
     void streamWithoutZone();
+    void movedFromIsUsable();
     void fitsIntoQVariant();
     void debugShowsTypeAndText();
 };
@@ -201,6 +205,11 @@ void tst_CDateTimeValue::streamWithoutZone()
         QCOMPARE(streamed(nowhere, QDataStream::BigEndian, version),
                  streamed(QDateTime(), QDataStream::BigEndian, version));
     }
+}
+
+void tst_CDateTimeValue::movedFromIsUsable()
+{
+    verifyMovedFromIsUsable(CDateTime(utc(13)));
 }
 
 void tst_CDateTimeValue::fitsIntoQVariant()

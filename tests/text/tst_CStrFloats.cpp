@@ -201,9 +201,12 @@ void tst_CStrFloats::doubleToString_data()
     QTest::newRow("negative precision") << QLocale::c() << 0.5 << -3 << text("0.500000");
     QTest::newRow("shortest") << english << 12345.75 << int(QLocale::FloatingPointShortest)
                               << text("12345.75");
-    QTest::newRow("no more decimals than a double has")
-        << QLocale::c() << 0.5 << std::numeric_limits<int>::max()
-        << text("0.5") + QString(1099, QLatin1Char('0'));
+    QTest::newRow("more decimals than a double has")
+        << QLocale::c() << 0.5 << 1200 << text("0.5") + QString(1199, QLatin1Char('0'));
+    QTest::newRow("the most decimals")
+        << QLocale::c() << 0.5 << 65535 << text("0.5") + QString(65534, QLatin1Char('0'));
+    QTest::newRow("absurd precision") << QLocale::c() << 0.5 << std::numeric_limits<int>::max()
+                                      << text("0.5") + QString(65534, QLatin1Char('0'));
 }
 
 // The default locale is asked at each call: the rows change it in turn.

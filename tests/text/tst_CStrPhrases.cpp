@@ -86,6 +86,9 @@ void tst_CStrPhrases::readRevisions_data()
     QTest::newRow("no dot") << text("3") << 0x00030000U;
     QTest::newRow("leading zeros") << text("003.0007") << 0x00030007U;
     QTest::newRow("limits") << text("65535.65535") << 0xFFFFFFFFU;
+    QTest::newRow("plus before the first number") << text("+1.005") << 0x00010005U;
+    QTest::newRow("plus before the second number") << text("1.+5") << 0x00010005U;
+    QTest::newRow("minus zero") << text("-0.5") << 0x00000005U;
 }
 
 void tst_CStrPhrases::readRevisions()
@@ -102,10 +105,12 @@ void tst_CStrPhrases::notARevision_data()
 {
     QTest::addColumn<QString>("s");
     QTest::addColumn<bool>("isLong");
-    for (const char* s : {"", ".", "1.", ".5", "1.2.3", "x", "1.x", "-1", "1.-5", "+1.5", "1.+5", "-0.5",
-                          "70000.1", "1.65536", "0x1.2", "1,5", "99999999999.1"}) {
+    for (const char* s : {"", ".", "1.", ".5", "1.2.3", "x", "1.x", "-1", "-1.5", "1.-5", "70000.1",
+                          "1.65536", "0x1.2", "1,5", "99999999999.1"}) {
         QTest::addRow("\"%s\"", s) << text(s) << false;
     }
+    QTest::newRow("minus sign U+2212") << QStringLiteral("\u22121.5") << false;
+    QTest::newRow("U+2212 before the second number") << QStringLiteral("1.\u22125") << false;
     QTest::newRow("256 is too much for the short form") << text("256.0") << true;
     QTest::newRow("1.256 is too much for the short form") << text("1.256") << true;
 }

@@ -1,5 +1,6 @@
 #include <core/tlxCoreQTest.h>
 #include <tests/support/Comparisons.h>
+#include <tests/support/Handles.h>
 #include <tests/support/StreamBytes.h>
 
 #include <QtTest>
@@ -21,6 +22,8 @@ CTime::ETimeUnit unitOf(int number)
 
 } // namespace
 
+static_assert(IS_NOTHROW_HANDLE<CTime>, "containers move it without copying it back");
+
 /// CTime as a value: units, comparison, arithmetic, streams. Conversions: tst_CTimeConvert.
 class tst_CTime : public QObject
 {
@@ -29,6 +32,7 @@ class tst_CTime : public QObject
 private Q_SLOTS:
     void unknownByDefault();
     void copiesAreIndependent();
+    void movedFromIsUsable();
     void validUnits_data();
     void validUnits();
     void unitTexts_data();
@@ -57,28 +61,33 @@ void tst_CTime::unknownByDefault()
     const CTime none;
 
     QCOMPARE(none.value(), 0ULL);
-    QCOMPARE(none.unit(), CTime::TIME_UNKNOWN);
+    QCOMPARE(none.unit(), CTime::UNIT_UNKNOWN);
     QVERIFY(!none.isValid());
 }
 
 void tst_CTime::copiesAreIndependent()
 {
-    const CTime first(5, CTime::TIME_MS);
+    const CTime first(5, CTime::UNIT_MS);
     CTime second(first);
     CTime third;
     third = first;
     second.setValue(6);
-    third.setUnit(CTime::TIME_S);
+    third.setUnit(CTime::UNIT_S);
 
     QCOMPARE(first.value(), 5ULL);
-    QCOMPARE(first.unit(), CTime::TIME_MS);
+    QCOMPARE(first.unit(), CTime::UNIT_MS);
     QCOMPARE(second.value(), 6ULL);
-    QCOMPARE(second.unit(), CTime::TIME_MS);
+    QCOMPARE(second.unit(), CTime::UNIT_MS);
     QCOMPARE(third.value(), 5ULL);
-    QCOMPARE(third.unit(), CTime::TIME_S);
-    second.setValue(7, CTime::TIME_H);
+    QCOMPARE(third.unit(), CTime::UNIT_S);
+    second.setValue(7, CTime::UNIT_H);
     QCOMPARE(second.value(), 7ULL);
-    QCOMPARE(second.unit(), CTime::TIME_H);
+    QCOMPARE(second.unit(), CTime::UNIT_H);
+}
+
+void tst_CTime::movedFromIsUsable()
+{
+    verifyMovedFromIsUsable(CTime(5, CTime::UNIT_MS));
 }
 
 void tst_CTime::validUnits_data()
@@ -123,7 +132,7 @@ void tst_CTime::unitTexts()
 
     QCOMPARE(CTime::unitStr(unitOf(unit)), text);
     QCOMPARE(CTime::unit(text), unitOf(unit));
-    QCOMPARE(CTime::mUnitHash.value(text, CTime::TIME_UNKNOWN), unitOf(unit));
+    QCOMPARE(CTime::mUnitHash.value(text, CTime::UNIT_UNKNOWN), unitOf(unit));
 }
 
 void tst_CTime::textOfNoUnit_data()
@@ -151,10 +160,10 @@ void tst_CTime::textOfNoUnit()
 
 void tst_CTime::unitHash()
 {
-    QCOMPARE(EARLY_UNIT, CTime::TIME_MS);
+    QCOMPARE(EARLY_UNIT, CTime::UNIT_MS);
     QCOMPARE(EARLY_SIZE, 7);
     QCOMPARE(CTime::createUnitHash(), CTime::mUnitHash);
-    QCOMPARE(CTime::unitStr(CTime::TIME_UNKNOWN), QString());
+    QCOMPARE(CTime::unitStr(CTime::UNIT_UNKNOWN), QString());
     QCOMPARE(CTime::unitStr(unitOf(-1)), QString());
     QCOMPARE(CTime::unitStr(unitOf(99)), QString());
 }
@@ -165,18 +174,18 @@ void tst_CTime::compares_data()
     QTest::addColumn<CTime>("b");
     QTest::addColumn<int>("order");
 
-    QTest::newRow("1 s and 1000 ms") << CTime(1, CTime::TIME_S) << CTime(1000, CTime::TIME_MS) << 0;
-    QTest::newRow("1 min and 61 s") << CTime(1, CTime::TIME_MIN) << CTime(61, CTime::TIME_S) << -1;
-    QTest::newRow("2 h and 1 h") << CTime(2, CTime::TIME_H) << CTime(1, CTime::TIME_H) << 1;
-    QTest::newRow("nanoseconds") << CTime(1, CTime::TIME_NS) << CTime(2, CTime::TIME_NS) << -1;
+    QTest::newRow("1 s and 1000 ms") << CTime(1, CTime::UNIT_S) << CTime(1000, CTime::UNIT_MS) << 0;
+    QTest::newRow("1 min and 61 s") << CTime(1, CTime::UNIT_MIN) << CTime(61, CTime::UNIT_S) << -1;
+    QTest::newRow("2 h and 1 h") << CTime(2, CTime::UNIT_H) << CTime(1, CTime::UNIT_H) << 1;
+    QTest::newRow("nanoseconds") << CTime(1, CTime::UNIT_NS) << CTime(2, CTime::UNIT_NS) << -1;
     QTest::newRow("nanoseconds are unsigned")
-        << CTime(TWO_63, CTime::TIME_NS) << CTime(TWO_63 - 1, CTime::TIME_NS) << 1;
-    QTest::newRow("1 ps and 2 ps are both 0 ns") << CTime(1, CTime::TIME_PS) << CTime(2, CTime::TIME_PS) << 0;
-    QTest::newRow("500 ps is 1 ns") << CTime(500, CTime::TIME_PS) << CTime(1, CTime::TIME_NS) << 0;
+        << CTime(TWO_63, CTime::UNIT_NS) << CTime(TWO_63 - 1, CTime::UNIT_NS) << 1;
+    QTest::newRow("1 ps and 2 ps are both 0 ns") << CTime(1, CTime::UNIT_PS) << CTime(2, CTime::UNIT_PS) << 0;
+    QTest::newRow("500 ps is 1 ns") << CTime(500, CTime::UNIT_PS) << CTime(1, CTime::UNIT_NS) << 0;
     QTest::newRow("hours beyond 64 bits of ns are equal")
-        << CTime(TWO_63, CTime::TIME_H) << CTime(TWO_63 + 5000, CTime::TIME_H) << 0;
+        << CTime(TWO_63, CTime::UNIT_H) << CTime(TWO_63 + 5000, CTime::UNIT_H) << 0;
     QTest::newRow("unknown unit counts seconds")
-        << CTime(2, CTime::TIME_UNKNOWN) << CTime(2, CTime::TIME_S) << 0;
+        << CTime(2, CTime::UNIT_UNKNOWN) << CTime(2, CTime::UNIT_S) << 0;
 }
 
 void tst_CTime::compares()
@@ -195,12 +204,12 @@ void tst_CTime::compares()
 
 void tst_CTime::hashFollowsEquality()
 {
-    QCOMPARE(qHash(CTime(1, CTime::TIME_S)), qHash(CTime(1000, CTime::TIME_MS)));
-    QCOMPARE(qHash(CTime(1, CTime::TIME_PS), 7), qHash(CTime(2, CTime::TIME_PS), 7));
-    QCOMPARE(qHash(CTime(500, CTime::TIME_PS)), qHash(CTime(1, CTime::TIME_NS)));
-    QVERIFY(qHash(CTime(1, CTime::TIME_S)) != qHash(CTime(2, CTime::TIME_S)));
+    QCOMPARE(qHash(CTime(1, CTime::UNIT_S)), qHash(CTime(1000, CTime::UNIT_MS)));
+    QCOMPARE(qHash(CTime(1, CTime::UNIT_PS), 7), qHash(CTime(2, CTime::UNIT_PS), 7));
+    QCOMPARE(qHash(CTime(500, CTime::UNIT_PS)), qHash(CTime(1, CTime::UNIT_NS)));
+    QVERIFY(qHash(CTime(1, CTime::UNIT_S)) != qHash(CTime(2, CTime::UNIT_S)));
     QCOMPARE(
-        (QSet<CTime>{CTime(1, CTime::TIME_S), CTime(1000, CTime::TIME_MS), CTime(2, CTime::TIME_S)}).size(),
+        (QSet<CTime>{CTime(1, CTime::UNIT_S), CTime(1000, CTime::UNIT_MS), CTime(2, CTime::UNIT_S)}).size(),
         2);
 }
 
@@ -211,27 +220,27 @@ void tst_CTime::adds_data()
     QTest::addColumn<quint64>("count");
 
     QTest::newRow("1 s + 500 ms, cut to s")
-        << CTime(1, CTime::TIME_S) << CTime(500, CTime::TIME_MS) << quint64(1);
+        << CTime(1, CTime::UNIT_S) << CTime(500, CTime::UNIT_MS) << quint64(1);
     QTest::newRow("1 ms + 500000 ns, cut to ms")
-        << CTime(1, CTime::TIME_MS) << CTime(500000, CTime::TIME_NS) << quint64(1);
-    QTest::newRow("500 ms + 1 s") << CTime(500, CTime::TIME_MS) << CTime(1, CTime::TIME_S) << quint64(1500);
-    QTest::newRow("1 ns + 1 s") << CTime(1, CTime::TIME_NS) << CTime(1, CTime::TIME_S) << quint64(1000000001);
+        << CTime(1, CTime::UNIT_MS) << CTime(500000, CTime::UNIT_NS) << quint64(1);
+    QTest::newRow("500 ms + 1 s") << CTime(500, CTime::UNIT_MS) << CTime(1, CTime::UNIT_S) << quint64(1500);
+    QTest::newRow("1 ns + 1 s") << CTime(1, CTime::UNIT_NS) << CTime(1, CTime::UNIT_S) << quint64(1000000001);
     QTest::newRow("7 ms + 9 ms: twice the unit's number")
-        << CTime(7, CTime::TIME_MS) << CTime(9, CTime::TIME_MS) << quint64(6);
-    QTest::newRow("1 ps + 1 ps") << CTime(1, CTime::TIME_PS) << CTime(1, CTime::TIME_PS) << quint64(0);
-    QTest::newRow("1 h + 1 h") << CTime(1, CTime::TIME_H) << CTime(1, CTime::TIME_H) << quint64(12);
+        << CTime(7, CTime::UNIT_MS) << CTime(9, CTime::UNIT_MS) << quint64(6);
+    QTest::newRow("1 ps + 1 ps") << CTime(1, CTime::UNIT_PS) << CTime(1, CTime::UNIT_PS) << quint64(0);
+    QTest::newRow("1 h + 1 h") << CTime(1, CTime::UNIT_H) << CTime(1, CTime::UNIT_H) << quint64(12);
     QTest::newRow("unknown + unknown") << CTime() << CTime() << quint64(14);
     QTest::newRow("unit -3 + unit -3")
         << CTime(1, unitOf(-3)) << CTime(1, unitOf(-3)) << static_cast<quint64>(Q_INT64_C(-6));
     QTest::newRow("greatest unit number")
         << CTime(1, unitOf(0x7FFFFFFF)) << CTime(1, unitOf(0x7FFFFFFF)) << quint64(0xFFFFFFFE);
     // 2^63 ns is what does not fit, 2^63 + 2^63 wraps to 0.
-    QTest::newRow("sum wraps") << CTime(TWO_63, CTime::TIME_S) << CTime(TWO_63, CTime::TIME_NS) << quint64(0);
+    QTest::newRow("sum wraps") << CTime(TWO_63, CTime::UNIT_S) << CTime(TWO_63, CTime::UNIT_NS) << quint64(0);
     // 2^63 ns and 1 s more are no signed number of nanoseconds any more, but an unsigned one.
     QTest::newRow("sum beyond 2^63 ns")
-        << CTime(TWO_63, CTime::TIME_NS) << CTime(4096, CTime::TIME_S) << Q_UINT64_C(9223376132854775808);
+        << CTime(TWO_63, CTime::UNIT_NS) << CTime(4096, CTime::UNIT_S) << Q_UINT64_C(9223376132854775808);
     QTest::newRow("sum beyond 64 bits of ps")
-        << CTime(1, CTime::TIME_PS) << CTime(20000000, CTime::TIME_S) << TWO_63;
+        << CTime(1, CTime::UNIT_PS) << CTime(20000000, CTime::UNIT_S) << TWO_63;
 }
 
 void tst_CTime::adds()
@@ -272,11 +281,11 @@ void tst_CTime::scales()
     QFETCH(quint64, count);
     QFETCH(double, factor);
     QFETCH(quint64, result);
-    const CTime time(count, CTime::TIME_MS);
+    const CTime time(count, CTime::UNIT_MS);
 
     QCOMPARE((time * factor).value(), result);
     QCOMPARE((factor * time).value(), result);
-    QCOMPARE((time * factor).unit(), CTime::TIME_MS);
+    QCOMPARE((time * factor).unit(), CTime::UNIT_MS);
     QCOMPARE(time.value(), count);
 }
 
@@ -286,7 +295,7 @@ void tst_CTime::streamBytes_data()
     QTest::addColumn<QByteArray>("big");
     QTest::addColumn<QByteArray>("little");
 
-    QTest::newRow("ms") << CTime(0x0102030405060708, CTime::TIME_MS)
+    QTest::newRow("ms") << CTime(0x0102030405060708, CTime::UNIT_MS)
                         << fromHexText("0102030405060708 00000003")
                         << fromHexText("0807060504030201 03000000");
     QTest::newRow("default") << CTime() << fromHexText("0000000000000000 00000007")
@@ -326,12 +335,12 @@ void tst_CTime::streamTruncated()
 {
     QFETCH(int, length);
     QFETCH(quint64, count);
-    CTime read(9, CTime::TIME_H);
+    CTime read(9, CTime::UNIT_H);
 
     QCOMPARE(unstreamed(fromHexText("0000000000000005 00000003").left(length), read),
              QDataStream::ReadPastEnd);
     QCOMPARE(read.value(), count);
-    QCOMPARE(read.unit(), CTime::TIME_PS);
+    QCOMPARE(read.unit(), CTime::UNIT_PS);
 }
 
 void tst_CTime::streamStoresAnyUnit()
@@ -346,16 +355,16 @@ void tst_CTime::streamStoresAnyUnit()
 
 void tst_CTime::fitsIntoQVariant()
 {
-    const QVariant variant = QVariant::fromValue(CTime(5, CTime::TIME_MS));
+    const QVariant variant = QVariant::fromValue(CTime(5, CTime::UNIT_MS));
 
     QCOMPARE(QByteArray(variant.typeName()), QByteArray("CTime"));
-    QCOMPARE(variant.value<CTime>(), CTime(5, CTime::TIME_MS));
+    QCOMPARE(variant.value<CTime>(), CTime(5, CTime::UNIT_MS));
 }
 
 void tst_CTime::debugShowsTypeAndText()
 {
-    const QScopedArrayPointer<char> micro(QTest::toString(CTime(1500, CTime::TIME_US)));
-    const QScopedArrayPointer<char> none(QTest::toString(CTime(5, CTime::TIME_UNKNOWN)));
+    const QScopedArrayPointer<char> micro(QTest::toString(CTime(1500, CTime::UNIT_US)));
+    const QScopedArrayPointer<char> none(QTest::toString(CTime(5, CTime::UNIT_UNKNOWN)));
 
     QCOMPARE(QByteArray(micro.data()), QByteArray("CTime(1500 \xC2\xB5s)"));
     QCOMPARE(QByteArray(none.data()), QByteArray("CTime(5 unit 7)"));

@@ -134,12 +134,12 @@ void tst_CTimeConvert::valueIn()
 
 void tst_CTimeConvert::shortForms()
 {
-    const CTime time(1500, CTime::TIME_MS);
+    const CTime time(1500, CTime::UNIT_MS);
 
     QCOMPARE(time.toNS(), 1500000000ULL);
     QCOMPARE(time.toMS(), 1500ULL);
     QCOMPARE(time.toS(), 2ULL);
-    QCOMPARE(CTime(1499, CTime::TIME_MS).toS(), 1ULL);
+    QCOMPARE(CTime(1499, CTime::UNIT_MS).toS(), 1ULL);
 }
 
 void tst_CTimeConvert::fromValue_data()
@@ -148,12 +148,12 @@ void tst_CTimeConvert::fromValue_data()
     QTest::addColumn<int>("unit");
     QTest::addColumn<quint64>("expected");
 
-    QTest::newRow("same unit") << CTime(TWO_63 + 1, CTime::TIME_MS) << 3 << TWO_63 + 1;
-    QTest::newRow("rounded") << CTime(1500, CTime::TIME_MS) << 4 << quint64(2);
-    QTest::newRow("into micro") << CTime(3, CTime::TIME_S) << 2 << quint64(3000000);
-    QTest::newRow("source is unsigned") << CTime(TWO_63, CTime::TIME_NS) << 4 << Q_UINT64_C(9223372037);
-    QTest::newRow("into unknown: seconds") << CTime(2, CTime::TIME_MIN) << 7 << quint64(120);
-    QTest::newRow("beyond 64 bits") << CTime(TWO_63, CTime::TIME_H) << 4 << TWO_63;
+    QTest::newRow("same unit") << CTime(TWO_63 + 1, CTime::UNIT_MS) << 3 << TWO_63 + 1;
+    QTest::newRow("rounded") << CTime(1500, CTime::UNIT_MS) << 4 << quint64(2);
+    QTest::newRow("into micro") << CTime(3, CTime::UNIT_S) << 2 << quint64(3000000);
+    QTest::newRow("source is unsigned") << CTime(TWO_63, CTime::UNIT_NS) << 4 << Q_UINT64_C(9223372037);
+    QTest::newRow("into unknown: seconds") << CTime(2, CTime::UNIT_MIN) << 7 << quint64(120);
+    QTest::newRow("beyond 64 bits") << CTime(TWO_63, CTime::UNIT_H) << 4 << TWO_63;
 }
 
 void tst_CTimeConvert::fromValue()
@@ -192,7 +192,7 @@ void tst_CTimeConvert::previousInteger()
     QFETCH(qint64, outValue);
     QFETCH(int, outUnit);
     long long count = 99;
-    CTime::ETimeUnit previous = CTime::TIME_UNKNOWN;
+    CTime::ETimeUnit previous = CTime::UNIT_UNKNOWN;
 
     QVERIFY(CTime::convertToPrevIntegerValue(value, unitOf(unit), count, previous));
     QCOMPARE(qint64(count), outValue);
@@ -224,39 +224,39 @@ void tst_CTimeConvert::noPreviousInteger()
     QFETCH(double, value);
     QFETCH(int, unit);
     long long count = 99;
-    CTime::ETimeUnit previous = CTime::TIME_UNKNOWN;
+    CTime::ETimeUnit previous = CTime::UNIT_UNKNOWN;
 
     QVERIFY(!CTime::convertToPrevIntegerValue(value, unitOf(unit), count, previous));
     QCOMPARE(count, 99LL);
-    QCOMPARE(previous, CTime::TIME_UNKNOWN);
+    QCOMPARE(previous, CTime::UNIT_UNKNOWN);
 }
 
 void tst_CTimeConvert::wholeInNoUnit()
 {
     long long count = 99;
-    CTime::ETimeUnit previous = CTime::TIME_UNKNOWN;
+    CTime::ETimeUnit previous = CTime::UNIT_UNKNOWN;
 
     // A third of a second leaves a fraction in picoseconds, too: 333333333333.33….
-    QVERIFY(!CTime::convertToPrevIntegerValue(1.0 / 3, CTime::TIME_S, count, previous));
+    QVERIFY(!CTime::convertToPrevIntegerValue(1.0 / 3, CTime::UNIT_S, count, previous));
     QCOMPARE(count, 333333333333LL);
-    QCOMPARE(previous, CTime::TIME_PS);
-    QVERIFY(!CTime::convertToPrevIntegerValue(-1.0 / 3, CTime::TIME_S, count, previous));
+    QCOMPARE(previous, CTime::UNIT_PS);
+    QVERIFY(!CTime::convertToPrevIntegerValue(-1.0 / 3, CTime::UNIT_S, count, previous));
     QCOMPARE(count, -333333333333LL);
 }
 
 void tst_CTimeConvert::previousIntegerOfCount()
 {
     long long count = 99;
-    CTime::ETimeUnit unit = CTime::TIME_UNKNOWN;
+    CTime::ETimeUnit unit = CTime::UNIT_UNKNOWN;
 
-    QVERIFY(!CTime(1500, CTime::TIME_MS).convertToPrevIntegerValue(count, unit));
+    QVERIFY(!CTime(1500, CTime::UNIT_MS).convertToPrevIntegerValue(count, unit));
     QCOMPARE(count, 99LL);
     // 3 ns are 3.0000000000000004 ns by way of seconds, and 3000.0000000000005 ps.
-    QVERIFY(!CTime(3, CTime::TIME_NS).convertToPrevIntegerValue(count, unit));
+    QVERIFY(!CTime(3, CTime::UNIT_NS).convertToPrevIntegerValue(count, unit));
     QCOMPARE(count, 3000LL);
-    QCOMPARE(unit, CTime::TIME_PS);
+    QCOMPARE(unit, CTime::UNIT_PS);
     // The count goes in as a signed number: 2^64 - 3 is -3.
-    QVERIFY(!CTime(std::numeric_limits<quint64>::max() - 2, CTime::TIME_NS)
+    QVERIFY(!CTime(std::numeric_limits<quint64>::max() - 2, CTime::UNIT_NS)
                  .convertToPrevIntegerValue(count, unit));
     QCOMPARE(count, -3000LL);
     QVERIFY(!CTime().convertToPrevIntegerValue(count, unit));

@@ -38,7 +38,7 @@ private Q_SLOTS:
     void numbers();
     void foreign_data();
     void foreign();
-    void dualWhateverTheDescriptorSays();
+    void notationOfTheDescriptorDecides();
 
 private:
     void addColumns();
@@ -153,6 +153,16 @@ void tst_CTlStringEntries::numbers_data()
         {"ffff.ffff.ffff.fffd:d", {1, 18, 0, HEX}, "0.ffff.ffff.ffff.fffd:d", true}, // -35
         {"ffff.ffff.ffff.7ffd:d", {1, 18, 0, HEX}, "0.ffff.ffff.ffff.7ffd:d", true},
         {"f7ff.ffff.ffff.fffd:d", {1, 18, 0, HEX}, "0.f7ff.ffff.ffff.fffd:d", false},
+        // Beyond 64 bits there is what toStr() prints for a negative number: min(fraction, width - 16) times "f".
+        {"f9abc.def0.1234:5678", {4, 20, 0, HEX}, "000f.9abc.def0.1234:5678", false},
+        {"ffff.ffff.ffff.fffe:1234", {4, 20, 0, HEX}, "ffff.ffff.ffff.fffe:1234", true},
+        {"ff.ffff.ffff.fffe:1234", {4, 18, 0, HEX}, "ff.ffff.ffff.fffe:1234", true},
+        {"f.ffff.ffff.fffe:1234", {4, 18, 0, HEX}, "0f.ffff.ffff.fffe:1234", false},
+        {"ff.ffff.ffff.fffe:1234", {4, 20, 0, HEX}, "00ff.ffff.ffff.fffe:1234", false},
+        {"ffff.ffff.ffff.fffe:1234", {4, 22, 0, HEX}, "00.ffff.ffff.ffff.fffe:1234", true},
+        {"ff.ffff.ffff.ffff.fffe:1234", {4, 22, 0, HEX}, "ff.ffff.ffff.ffff.fffe:1234", false},
+        {"-f.ffff.ffff.ffff:f", {1, 18, 0, HEX}, "-0.000f.ffff.ffff.ffff:f", true},
+        {"-ffff.ffff.ffff.ffff:f", {1, 18, 0, HEX}, "-0.ffff.ffff.ffff.ffff:f", false},
         {"101", {0, 8, 0, DUAL}, "0000.0101", true},
         {"101", {0, 2, 0, DUAL}, "01", false},
         {"1:01", {4, 8, 0, DUAL}, "0001:0001", true},
@@ -179,11 +189,9 @@ void tst_CTlStringEntries::numbers()
     QString entry = s;
     QCOMPARE(CTlString::validateHexStr(entry, format), fits);
     QCOMPARE(entry, expected);
-    if (format.notation == DUAL) {
-        entry = s;
-        QCOMPARE(CTlString::validateDualStr(entry, format), fits);
-        QCOMPARE(entry, expected);
-    }
+    entry = s;
+    QCOMPARE(CTlString::validateDualStr(entry, format), fits);
+    QCOMPARE(entry, expected);
 }
 
 void tst_CTlStringEntries::foreign_data()
@@ -217,17 +225,20 @@ void tst_CTlStringEntries::foreign()
     numbers();
 }
 
-void tst_CTlStringEntries::dualWhateverTheDescriptorSays()
+// The two are one routine: the descriptor's notation decides in both.
+void tst_CTlStringEntries::notationOfTheDescriptorDecides()
 {
-    QString entry = text("12");
-    QVERIFY(!CTlString::validateDualStr(entry, SFormat(0, 4, 0, HEX)));
-    QCOMPARE(entry, text("12"));
-    entry = text("10");
-    QVERIFY(CTlString::validateDualStr(entry, SFormat(0, 4, 0, HEX)));
-    QCOMPARE(entry, text("0010"));
-    entry = text("12");
-    QVERIFY(CTlString::validateHexStr(entry, SFormat(0, 4, 0, 0)));
-    QCOMPARE(entry, text("0012"));
+    for (const auto validate : {CTlString::validateHexStr, CTlString::validateDualStr}) {
+        QString entry = text("12");
+        QVERIFY(validate(entry, SFormat(0, 4, 0, HEX)));
+        QCOMPARE(entry, text("0012"));
+        entry = text("12");
+        QVERIFY(validate(entry, SFormat(0, 4, 0, CTlString::NOTATION_DECIMAL)));
+        QCOMPARE(entry, text("0012"));
+        entry = text("12");
+        QVERIFY(!validate(entry, SFormat(0, 4, 0, DUAL)));
+        QCOMPARE(entry, text("12"));
+    }
 }
 
 QTEST_APPLESS_MAIN(tst_CTlStringEntries)

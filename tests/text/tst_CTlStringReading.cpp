@@ -41,6 +41,8 @@ private Q_SLOTS:
     void cutToWidth_data();
     void cutToWidth();
     void negativeTimesFactor();
+    void beyond64Bits_data();
+    void beyond64Bits();
     void notANumber_data();
     void notANumber();
     void floats_data();
@@ -125,6 +127,12 @@ void tst_CTlStringReading::signed64_data()
     addRow("8000000000000000", {0, 0, -4, HEX}, 1, SMALLEST >> 4);
     addRow("ffff.ffff.ffff.fffd:d", {1, 17, 0, HEX}, 1, -35); // as toStr() shows it, beyond 64 bits
     addRow("00.ffff.ffff.ffff.fffd:d", {1, 19, 0, HEX}, 1, -35);
+    addRow("ffff.ffff.ffff.fffe:1234", {4, 20, 0, HEX}, 1, -0x1edcc);
+    addRow("ff.ffff.ffff.fffe:1234", {4, 18, 0, HEX}, 1, -0x1edcc);
+    addRow("00.ffff.ffff.ffff.fffe:1234", {4, 22, 0, HEX}, 1, -0x1edcc);
+    addRow("ffff.ffff.ffff.fffe:1234", {4, 0, 0, HEX}, 1, -0x1edcc);
+    addRow("ffff.ffff.ffff.fffe:1234", {4, -1, 0, HEX}, 1, -0x1edcc);
+    addRow("ffff.ffff.ffff.ffff:0000.ffff.ffff.ffff.fffb", {20, 36, 0, HEX}, 1, -5);
     // Binary.
     addRow("1010", {0, 8, 0, DUAL}, 1, 10);
     addRow("0000.1010", {0, 8, 0, DUAL}, 1, 10);
@@ -229,6 +237,54 @@ void tst_CTlStringReading::negativeTimesFactor()
     QCOMPARE(CTlString::toI16(text("-ff"), hex, 100.0, ok + 1), qint16(-25500));
     QCOMPARE(CTlString::toU32(text("-10"), hex, 0.5, ok + 2), 0xFFFFFFF8U);
     QVERIFY(ok[0] && ok[1] && ok[2]);
+}
+
+void tst_CTlStringReading::beyond64Bits_data()
+{
+    QTest::addColumn<QString>("s");
+    QTest::addColumn<SFormat>("format");
+    QTest::addColumn<bool>("isSigned");
+    const struct
+    {
+        const char* s;
+        SFormat format;
+        bool isSigned;
+    } rows[] = {
+        {"f9abc.def0.1234:5678", {4, 20, 0, HEX}, false},
+        {"ffff.ffff.ffff.fffd:d", {1, 17, 0, HEX}, true},
+        {"ffff.ffff.ffff.fffe:1234", {4, 20, 0, HEX}, true},
+        {"0fff.ffff.ffff.fffe:1234", {4, 20, 0, HEX}, false},
+        {"0f.ffff.ffff.fffe:1234", {4, 18, 0, HEX}, false},
+        {"ffff.7fff.ffff.fffe:1234", {4, 20, 0, HEX}, false},
+        {"ff.ffff.ffff.ffff.fffe:1234", {4, 22, 0, HEX}, false},
+        {"1.0000.0000.0000.0000", {0, 17, 0, HEX}, false},
+        {"f.ffff.ffff.ffff.ffff", {0, 17, 0, HEX}, false},
+    };
+    for (const auto& row : rows) {
+        QTest::addRow("\"%s\" in %d %d", row.s, row.format.fractionDigits, row.format.width)
+            << text(row.s) << row.format << row.isSigned;
+    }
+}
+
+// What toStr() prints in front of the 64 bits of a negative number is read by the signed types alone.
+void tst_CTlStringReading::beyond64Bits()
+{
+    QFETCH(QString, s);
+    QFETCH(SFormat, format);
+    QFETCH(bool, isSigned);
+
+    bool ok = !isSigned;
+    const qint64 number = CTlString::toI64(s, format, 1.0, &ok);
+    QCOMPARE(ok, isSigned);
+    QVERIFY(isSigned ? CTlString::toStr(number, format) == s : number == 0);
+    CTlString::toI8(s, format, 1.0, &ok);
+    QCOMPARE(ok, isSigned);
+    ok = true;
+    QCOMPARE(CTlString::toU64(s, format, 1.0, &ok), Q_UINT64_C(0));
+    QVERIFY(!ok);
+    ok = true;
+    QCOMPARE(CTlString::toU16(s, format, 2.0, &ok), quint16(0));
+    QVERIFY(!ok);
 }
 
 void tst_CTlStringReading::notANumber_data()

@@ -47,10 +47,10 @@ bool mathematics(int seed)
 
 bool durations(int seed)
 {
-    const CTime time(static_cast<unsigned long long>(1500 + seed), CTime::TIME_MS);
-    const CTime sum = time + CTime(1, CTime::TIME_S);
-    return survives(time) && time < sum && CTime::unit(QStringLiteral("ms")) == CTime::TIME_MS
-           && CTime::unitStr(CTime::TIME_S) == QLatin1String("s")
+    const CTime time(static_cast<unsigned long long>(1500 + seed), CTime::UNIT_MS);
+    const CTime sum = time + CTime(1, CTime::UNIT_S);
+    return survives(time) && time < sum && CTime::unit(QStringLiteral("ms")) == CTime::UNIT_MS
+           && CTime::unitStr(CTime::UNIT_S) == QLatin1String("s")
            && (time * 2.0).toMS() == 3000ULL + 2ULL * static_cast<unsigned>(seed)
            && CTime::mUnitHash.size() == 7;
 }

@@ -125,7 +125,7 @@ void tst_Threads::sharedText()
 
 void tst_Threads::sharedTime()
 {
-    QVERIFY(sharedByAll<CTime>(CTime(7, CTime::TIME_S), [](CTime& time, int seed) {
+    QVERIFY(sharedByAll<CTime>(CTime(7, CTime::UNIT_S), [](CTime& time, int seed) {
         time.setValue(static_cast<unsigned long long>(seed));
     }));
     const QDateTime noon(QDate(2020, 6, 1), QTime(12, 0), Qt::UTC);

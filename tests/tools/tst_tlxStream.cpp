@@ -106,12 +106,12 @@ void tst_tlxStream::kinds_data()
     const auto option = [](const char* text) { return QString::fromLatin1(text).split(QLatin1Char(' ')); };
     const QDateTime utc(QDate(2024, 3, 5), QTime(13, 7, 9), Qt::UTC);
     const QString drive = QStringLiteral("drive");
-    QTest::newRow("duration") << streamed(CTime(1500, CTime::TIME_MS)) << option("--kind time")
+    QTest::newRow("duration") << streamed(CTime(1500, CTime::UNIT_MS)) << option("--kind time")
                               << QStringLiteral("ms") << QStringLiteral("1500");
     QTest::newRow("duration without a unit")
         << streamed(CTime()) << option("--kind time") << QString() << QStringLiteral("0");
     QTest::newRow("duration, little-endian")
-        << streamed(CTime(1500, CTime::TIME_MS), QDataStream::LittleEndian)
+        << streamed(CTime(1500, CTime::UNIT_MS), QDataStream::LittleEndian)
         << option("--kind time --little-endian") << QStringLiteral("ms") << QStringLiteral("1500");
     QTest::newRow("date-time") << streamed(CDateTime(utc)) << option("--kind datetime")
                                << QStringLiteral("UTC") << QStringLiteral("2024-03-05T13:07:09Z");

@@ -12,7 +12,7 @@ namespace {
 // As CTime reads it; "us" for those whose keyboard has no micro sign.
 CTime::ETimeUnit unitOf(const QString& text)
 {
-    return text.compare(QLatin1String("us"), Qt::CaseInsensitive) == 0 ? CTime::TIME_US : CTime::unit(text);
+    return text.compare(QLatin1String("us"), Qt::CaseInsensitive) == 0 ? CTime::UNIT_US : CTime::unit(text);
 }
 
 QString shown(double value)
@@ -32,7 +32,7 @@ QString countIn(const QString& text, double value, CTime::ETimeUnit unit, CTime:
 void addUnits(CReport& report, const QString& text, double value, CTime::ETimeUnit unit)
 {
     QList<QStringList> rows;
-    for (int number = CTime::TIME_PS; number < CTime::TIME_UNKNOWN; ++number) {
+    for (int number = CTime::UNIT_PS; number < CTime::UNIT_UNKNOWN; ++number) {
         const CTime::ETimeUnit target = static_cast<CTime::ETimeUnit>(number);
         rows << QStringList{CTime::unitStr(target), shown(CTime::convertValue(value, unit, target)),
                             countIn(text, value, unit, target)};
@@ -45,7 +45,7 @@ void addUnits(CReport& report, const QString& text, double value, CTime::ETimeUn
 void addPreviousInteger(CReport& report, double value, CTime::ETimeUnit unit)
 {
     long long whole = 0;
-    CTime::ETimeUnit wholeUnit = CTime::TIME_UNKNOWN;
+    CTime::ETimeUnit wholeUnit = CTime::UNIT_UNKNOWN;
     const bool found = CTime::convertToPrevIntegerValue(value, unit, whole, wholeUnit);
     report.setSection(QStringLiteral("previousInteger"), QStringLiteral("Previous integer form"));
     report.add(QStringLiteral("found"), QStringLiteral("Found"), found);
@@ -66,7 +66,7 @@ int runDuration(const QCommandLineParser& parser, CReport& report)
                                          "before a number that begins with a dash"));
     }
     for (const QString& text : arguments.mid(1)) {
-        if (unitOf(text) == CTime::TIME_UNKNOWN) {
+        if (unitOf(text) == CTime::UNIT_UNKNOWN) {
             return wrongUsage(report, QStringLiteral("no such unit: %1").arg(text));
         }
     }

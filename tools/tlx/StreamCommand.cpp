@@ -50,7 +50,7 @@ SItem readTime(QDataStream& stream)
     const QString unit = CTime::unitStr(value.unit());
     const QString fault = QStringLiteral("no such unit: %1").arg(static_cast<qint32>(value.unit()));
     return {unit, QString::number(value.value()),
-            unit.isEmpty() && value.unit() != CTime::TIME_UNKNOWN ? fault : QString()};
+            unit.isEmpty() && value.unit() != CTime::UNIT_UNKNOWN ? fault : QString()};
 }
 
 SItem readDateTime(QDataStream& stream)
