@@ -1,6 +1,6 @@
 #include <core/files/CDir.h>
 #include <core/files/CPath.h>
-#include <tools/tlx/Directories.h>
+#include <tools/tlx/commands/Directories.h>
 
 #include <QCoreApplication>
 

@@ -2,7 +2,7 @@
 
 #include <tests/support/FileTree.h>
 #include <tests/support/OtherProcess.h>
-#include <tools/tlx/OutputCapture.h>
+#include <tools/tlx/terminal/OutputCapture.h>
 
 #include <QtTest>
 
@@ -67,7 +67,7 @@ void tst_CDirFailures::removeFileInReadOnlyDirectory()
 
     VERIFY_OTHER_PROCESS(asOrdinaryUser([&] { return !CDir::removeFile(file); }));
     VERIFY_OTHER_PROCESS(asOrdinaryUser([&] {
-        const COutputCapture capture;
+        const OutputCapture capture;
         return !CDir::removeFileOrDirectory(file)
                && capture.text() == "\n CDir::removeFileOrDirectory: unable to remove " + file.toLocal8Bit();
     }));
@@ -82,7 +82,7 @@ void tst_CDirFailures::copyIntoReadOnlyDirectory()
     const QString source = tree.path("source"_text);
 
     VERIFY_OTHER_PROCESS(asOrdinaryUser([&] {
-        const COutputCapture capture;
+        const OutputCapture capture;
         return !CDir::copyFile(source, tree.path("locked/g"_text))
                && !CDir::copyDirectory(QString(), tree.path("locked/d"_text));
     }));
@@ -138,7 +138,7 @@ void tst_CDirFailures::copyToFullDisk()
     file.close();
 
     VERIFY_OTHER_PROCESS(withFileSizeLimit(100000, [&] {
-        const COutputCapture capture;
+        const OutputCapture capture;
         return !CDir::copyFile(file.fileName(), tree.path("copy/new"_text));
     }));
     QCOMPARE(tree.entries("copy"_text), QStringList{"old=2"_text}); // nothing half-written
@@ -156,7 +156,7 @@ void tst_CDirFailures::copyToFullFileSystem()
     const QString large = tree.path("source/b"_text);
 
     VERIFY_OTHER_PROCESS(withSmallDisk(disk.constData(), "64k", [&] {
-        const COutputCapture capture;
+        const OutputCapture capture;
         return !CDir::copyFile(large, tree.path("disk/b"_text)) && tree.entries("disk"_text).isEmpty();
     }));
     VERIFY_OTHER_PROCESS(withSmallDisk(disk.constData(), "64k", [&] {
@@ -164,7 +164,7 @@ void tst_CDirFailures::copyToFullFileSystem()
                && tree.entries("disk"_text).isEmpty();
     }));
     VERIFY_OTHER_PROCESS(withSmallDisk(disk.constData(), "64k", [&] {
-        const COutputCapture capture;
+        const OutputCapture capture;
         const bool copied = CDir::copyDirectoryRecursive(tree.path("source"_text), tree.path("disk"_text));
         return !copied && tree.read("disk/b"_text).isNull();
     }));

@@ -1,7 +1,7 @@
 #ifndef TLXTEST_PRINTEDRUN_H
 #define TLXTEST_PRINTEDRUN_H
 
-#include <tools/tlx/OutputCapture.h>
+#include <tools/tlx/terminal/OutputCapture.h>
 
 /// What an operation gave, and what it printed on standard output meanwhile.
 struct SPrintedRun
@@ -14,7 +14,7 @@ struct SPrintedRun
 template <typename Work>
 SPrintedRun printedRun(Work work)
 {
-    const COutputCapture capture;
+    const OutputCapture capture;
     const bool result = work();
     return {result, capture.text()};
 }

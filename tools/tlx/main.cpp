@@ -1,4 +1,4 @@
-#include "Command.h"
+#include <tools/tlx/program/Command.h>
 
 #include <QCoreApplication>
 

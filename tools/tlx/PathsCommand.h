@@ -1,9 +1,0 @@
-#ifndef TLX_PATHSCOMMAND_H
-#define TLX_PATHSCOMMAND_H
-
-class CReport;
-
-/// Adds a table of every directory that a tool asks for; makes the missing ones first when `create` is true.
-void addDirectories(CReport& report, bool create);
-
-#endif // TLX_PATHSCOMMAND_H

@@ -1,0 +1,153 @@
+#include <tools/tlx/commands/Commands.h>
+#include <tools/tlx/program/Command.h>
+#include <tools/tlx/report/Report.h>
+
+#include <core/app/CHmac.h>
+
+#include <QCommandLineParser>
+#include <QFile>
+
+#include <limits>
+
+namespace {
+
+const char KEY_VARIABLE[] = "TLX_TOTP_KEY";
+
+struct SNumber
+{
+    const char* name;
+    const char* fallback;
+    const char* text;
+    quint64 highest;
+};
+
+const SNumber T0{"t0", "0", "Begin of step 0, seconds since 1970-01-01 UTC (default 0).",
+                 std::numeric_limits<quint64>::max()};
+const SNumber STEP{"step", "30", "Length of a step in seconds (default 30).",
+                   std::numeric_limits<quint32>::max()};
+const SNumber DIGITS{"digits", "6", "Number of digits, up to 1000 (default 6).", 1000};
+const SNumber WINDOW{"window", "1", "check: steps before the current one that are accepted too (default 1).",
+                     1000000};
+
+bool readNumber(const QCommandLineParser& parser, const SNumber& number, quint64* value, Report& report)
+{
+    bool ok = false;
+    *value = parser.value(QLatin1String(number.name)).toULongLong(&ok);
+    if (!ok || *value > number.highest) {
+        wrongUsage(report, QStringLiteral("--%1: a number from 0 to %2 is expected")
+                               .arg(QLatin1String(number.name))
+                               .arg(number.highest));
+    }
+    return !report.hasError();
+}
+
+// The key's bytes as they stand in the file or the environment, which other users cannot read as they can arguments.
+bool readText(const QCommandLineParser& parser, QByteArray* text, Report& report)
+{
+    if (!parser.isSet(QStringLiteral("key-file"))) {
+        *text = qgetenv(KEY_VARIABLE);
+        return qEnvironmentVariableIsSet(KEY_VARIABLE);
+    }
+    QFile file(parser.value(QStringLiteral("key-file")));
+    if (!file.open(QIODevice::ReadOnly)) {
+        report.setError(QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
+        return false;
+    }
+    *text = file.readAll();
+    return true;
+}
+
+bool decode(const QCommandLineParser& parser, const QByteArray& text, QByteArray* key)
+{
+    *key = text;
+    if (parser.isSet(QStringLiteral("hex"))) {
+        const QByteArray digits = text.trimmed().toLower();
+        *key = QByteArray::fromHex(digits);
+        return key->toHex() == digits;
+    }
+    if (parser.isSet(QStringLiteral("base64"))) {
+        const auto result = QByteArray::fromBase64Encoding(
+            text.trimmed(), QByteArray::Base64Encoding | QByteArray::AbortOnBase64DecodingErrors);
+        *key = result.decoded;
+        return result.decodingStatus == QByteArray::Base64DecodingStatus::Ok;
+    }
+    return true;
+}
+
+int readKey(const QCommandLineParser& parser, QByteArray* key, Report& report)
+{
+    QByteArray text;
+    if (!readText(parser, &text, report)) {
+        return report.hasError()
+                   ? int(EXIT_INVALID)
+                   : wrongUsage(report, QStringLiteral("a key is needed: --key-file or the variable %1")
+                                            .arg(QLatin1String(KEY_VARIABLE)));
+    }
+    if (!decode(parser, text, key)) {
+        report.setError(QStringLiteral("the key is not of the form that was named"));
+        return EXIT_INVALID;
+    }
+    return EXIT_DONE;
+}
+
+int reportCheck(int result, Report& report)
+{
+    static const char* const ANSWERS[] = {"valid", "not valid", "wrong length"};
+    report.add(QStringLiteral("result"), QStringLiteral("Result"), result);
+    report.add(QStringLiteral("valid"), QStringLiteral("Valid"), result == 0);
+    if (result != 0) {
+        report.setError(QStringLiteral("the code: %1").arg(QLatin1String(ANSWERS[result])));
+    }
+    return result == 0 ? EXIT_DONE : EXIT_INVALID;
+}
+
+} // namespace
+
+void addTotpOptions(QCommandLineParser& parser)
+{
+    parser.addOption(
+        {QStringLiteral("key-file"),
+         QStringLiteral("File that holds the key, every byte of it; without it, the variable TLX_TOTP_KEY."),
+         QStringLiteral("file")});
+    parser.addOption({QStringLiteral("hex"), QStringLiteral("The key is written as hexadecimal digits.")});
+    parser.addOption({QStringLiteral("base64"), QStringLiteral("The key is written as Base64.")});
+    for (const SNumber& number : {T0, STEP, DIGITS, WINDOW}) {
+        parser.addOption({QLatin1String(number.name), QLatin1String(number.text), QStringLiteral("number"),
+                          QLatin1String(number.fallback)});
+    }
+}
+
+int runTotp(const QCommandLineParser& parser, Report& report)
+{
+    const QStringList arguments = parser.positionalArguments();
+    const bool isMake = arguments == QStringList{QStringLiteral("make")};
+    const bool isCheck = arguments.size() == 2 && arguments.first() == QLatin1String("check");
+    if (!isMake && !isCheck) {
+        return wrongUsage(report, QStringLiteral("make, or check CODE is expected"));
+    }
+    if (parser.isSet(QStringLiteral("hex")) && parser.isSet(QStringLiteral("base64"))) {
+        return wrongUsage(report, QStringLiteral("the key is either hexadecimal or Base64"));
+    }
+    quint64 t0 = 0;
+    quint64 step = 0;
+    quint64 digits = 0;
+    quint64 window = 0;
+    if (!readNumber(parser, T0, &t0, report) || !readNumber(parser, STEP, &step, report)
+        || !readNumber(parser, DIGITS, &digits, report) || !readNumber(parser, WINDOW, &window, report)) {
+        return EXIT_USAGE;
+    }
+    QByteArray key;
+    if (const int code = readKey(parser, &key, report); code != EXIT_DONE) {
+        return code;
+    }
+    const auto stepSeconds = static_cast<quint32>(step);
+    const auto digitCount = static_cast<qint32>(digits);
+    if (isMake) {
+        report.add(QStringLiteral("code"), QStringLiteral("Code"),
+                   CHmac::totpStr(key, t0, stepSeconds, digitCount));
+        return EXIT_DONE;
+    }
+    return reportCheck(
+        CHmac::validateTotp(arguments.at(1), key, t0, stepSeconds, digitCount, static_cast<quint32>(window)),
+        report);
+}

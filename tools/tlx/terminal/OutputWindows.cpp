@@ -1,0 +1,26 @@
+#include <tools/tlx/terminal/Output.h>
+
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+void printText(FILE* file, const QString& text)
+{
+    const auto console = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
+    DWORD mode = 0;
+    if (!GetConsoleMode(console, &mode)) {
+        printBytes(file, text.toUtf8());
+        return;
+    }
+    SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING); // colours
+    std::fflush(file);
+    DWORD written = 0;
+    WriteConsoleW(console, text.utf16(), static_cast<DWORD>(text.size()), &written, nullptr);
+}
+
+void printBytes(FILE* file, const QByteArray& bytes)
+{
+    _setmode(_fileno(file), _O_BINARY);
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), file);
+    std::fflush(file);
+}
