@@ -4,6 +4,7 @@
 #include <QLatin1String>
 
 #include <array>
+#include <cstddef>
 
 /**
  * @file

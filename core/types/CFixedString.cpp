@@ -8,6 +8,8 @@
 #include <QHash>
 #include <QtEndian>
 
+#include <algorithm>
+
 namespace {
 
 // A handle is the table of virtual functions and one pointer.

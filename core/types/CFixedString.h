@@ -10,7 +10,7 @@
 #include <QSharedDataPointer>
 #include <QString>
 
-#include <algorithm>
+#include <cstddef>
 #include <cstring>
 
 /// @cond INTERNAL
@@ -46,7 +46,7 @@ class CFixedString
 {
 public:
     /// The units as a C array.
-    typedef unsigned short TArray[N];
+    typedef unsigned short TArray[static_cast<std::size_t>(N)];
 
     /// An empty text, all units zero.
     CFixedString()
@@ -65,7 +65,8 @@ public:
     CFixedString(const QByteArray& bytes)
         : CFixedString()
     {
-        std::memcpy(mBlock->units, bytes.constData(), std::min(size(bytes), sizeof(TArray)));
+        const int size = bytes.size() < BYTES ? bytes.size() : BYTES;
+        std::memcpy(mBlock->units, bytes.constData(), static_cast<std::size_t>(size));
     }
 
     /// Takes all N units.
@@ -75,8 +76,10 @@ public:
         assign(units);
     }
 
-    /// Shares the units.
-    CFixedString(const CFixedString&) = default;
+    /// Shares the units, also with what is moved from.
+    CFixedString(const CFixedString& other) noexcept
+        : mBlock(other.mBlock)
+    {}
     virtual ~CFixedString() = default;
 
     /// True when the text is not empty, that is, when the first unit is not zero.
@@ -86,16 +89,16 @@ public:
     QString str() const { return NFixedString::text(units(), N); }
 
     /// All N units as they lie in memory: 2N bytes, terminator and leftovers included.
-    QByteArray byteArray() const
-    {
-        return QByteArray(reinterpret_cast<const char*>(units()), sizeof(TArray));
-    }
+    QByteArray byteArray() const { return QByteArray(reinterpret_cast<const char*>(units()), BYTES); }
 
     /// Equal in all N units, those behind the terminator included.
-    bool operator==(const Derived& other) const { return NFixedString::equal(units(), other.units(), N); }
+    bool operator==(const CFixedString& other) const
+    {
+        return NFixedString::equal(units(), other.units(), N);
+    }
 
     /// The negation of operator==.
-    bool operator!=(const Derived& other) const { return !(*this == other); }
+    bool operator!=(const CFixedString& other) const { return !(*this == other); }
 
     /// Writes the N units in the stream's byte order: 2N bytes, no length, no terminator.
     friend QDataStream& operator<<(QDataStream& stream, const Derived& value)
@@ -126,12 +129,16 @@ public:
 
 protected:
     /// Shares the units.
-    CFixedString& operator=(const CFixedString&) = default;
+    CFixedString& operator=(const CFixedString& other) noexcept
+    {
+        mBlock = other.mBlock;
+        return *this;
+    }
 
     /// Writes the text and its terminator; what stands behind keeps.
     void assign(const QString& text)
     {
-        const int length = std::min(text.size(), N);
+        const int length = text.size() < N ? text.size() : N;
         SBlock* const block = mBlock.data();
         Q_ASSUME(block != nullptr);
         unsigned short* const target = block->units;
@@ -162,7 +169,7 @@ private:
         TArray units = {};
     };
 
-    static std::size_t size(const QByteArray& bytes) { return static_cast<std::size_t>(bytes.size()); }
+    static constexpr int BYTES = static_cast<int>(sizeof(TArray));
 
     const unsigned short* units() const { return mBlock.constData()->units; }
 

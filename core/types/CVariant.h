@@ -11,6 +11,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <type_traits>
+
 class QBitArray;
 class QDataStream;
 class QDebug;
@@ -36,6 +38,10 @@ class QDebug;
  */
 class TLXCORE_EXPORT CVariant
 {
+    // The catalogue's integers that have the width of long.
+    using TLong = std::conditional_t<sizeof(long) == sizeof(int), int, long long>;
+    using TUnsignedLong = std::make_unsigned_t<TLong>;
+
 public:
     /// @name Construction
     /// The tag follows from the argument's type; nothing is converted or checked.
@@ -43,7 +49,11 @@ public:
     CVariant()
         : mType(NTypes::TYPE_UNKNOWN)
     {}
-    CVariant(const CVariant&) = default;
+    CVariant(const CVariant& other) noexcept
+        : mValue(other.mValue)
+        , mType(other.mType)
+    {}
+    /// Leaves the other variant "UNKNOWN".
     CVariant(CVariant&& other) noexcept
         : mValue(std::move(other.mValue))
         , mType(other.mType)
@@ -73,6 +83,14 @@ public:
     CVariant(unsigned int value)
         : mValue(value)
         , mType(NTypes::TYPE_U32)
+    {}
+    /// As the integer of the same width: "I32" where long has 32 bits, "I64" where it has 64.
+    CVariant(long value)
+        : CVariant(static_cast<TLong>(value))
+    {}
+    /// As the integer of the same width: "U32" where long has 32 bits, "U64" where it has 64.
+    CVariant(unsigned long value)
+        : CVariant(static_cast<TUnsignedLong>(value))
     {}
     CVariant(float value)
         : mValue(value)
@@ -122,7 +140,12 @@ public:
     /// Each replaces payload and tag as the constructor of the same argument makes them; the value is never converted
     /// to the type that the variant had before.
     /// @{
-    CVariant& operator=(const CVariant&) = default;
+    CVariant& operator=(const CVariant& other) noexcept
+    {
+        mValue = other.mValue;
+        mType = other.mType;
+        return *this;
+    }
     CVariant& operator=(CVariant&& other) noexcept;
     CVariant& operator=(signed char value) { return set(value, NTypes::TYPE_I8); }
     CVariant& operator=(unsigned char value) { return set(value, NTypes::TYPE_U8); }
@@ -130,6 +153,8 @@ public:
     CVariant& operator=(unsigned short value) { return set(value, NTypes::TYPE_U16); }
     CVariant& operator=(int value) { return set(value, NTypes::TYPE_I32); }
     CVariant& operator=(unsigned int value) { return set(value, NTypes::TYPE_U32); }
+    CVariant& operator=(long value) { return *this = static_cast<TLong>(value); }
+    CVariant& operator=(unsigned long value) { return *this = static_cast<TUnsignedLong>(value); }
     CVariant& operator=(float value) { return set(value, NTypes::TYPE_F32); }
     CVariant& operator=(long long value) { return set(value, NTypes::TYPE_I64); }
     CVariant& operator=(unsigned long long value) { return set(value, NTypes::TYPE_U64); }
@@ -213,6 +238,8 @@ public:
     operator unsigned short() const { return toU16(); }
     operator int() const { return toI32(); }
     operator unsigned int() const { return toU32(); }
+    operator long() const { return operator TLong(); }
+    operator unsigned long() const { return operator TUnsignedLong(); }
     operator float() const { return toF32(); }
     operator long long() const { return toI64(); }
     operator unsigned long long() const { return toU64(); }

@@ -89,7 +89,7 @@ QString utf16Text(const QVariant& payload)
     if (const CString128* text = exact<CString128>(payload)) {
         return text->str();
     }
-    return payload.toString();
+    return QString();
 }
 
 // Only a packed number shows. A record shows as nothing, and callers rely on it; so the record is not read here.

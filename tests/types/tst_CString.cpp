@@ -63,6 +63,10 @@ void tst_CString::shape()
         using String = typename decltype(row)::Type;
         QCOMPARE(sizeof(String), 2 * sizeof(void*));
         QVERIFY(std::has_virtual_destructor<String>::value);
+        QVERIFY(std::is_nothrow_copy_constructible<String>::value);
+        QVERIFY(std::is_nothrow_copy_assignable<String>::value);
+        QVERIFY(std::is_nothrow_move_constructible<String>::value);
+        QVERIFY(std::is_nothrow_move_assignable<String>::value);
         QVERIFY((std::is_convertible<QString, String>::value));
         QVERIFY((std::is_convertible<QByteArray, String>::value));
         QVERIFY((std::is_constructible<String, const unsigned short(&)[row.UNITS]>::value));
@@ -226,6 +230,11 @@ void tst_CString::sharing()
         const String moved(std::move(text));
         QCOMPARE(moved.str(), QStringLiteral("abcdef"));
         QCOMPARE(assigned, moved);
+        // What was moved from shares on.
+        QCOMPARE(text, moved); // NOLINT(bugprone-use-after-move): that is what is tested
+        text = QStringLiteral("xy");
+        QCOMPARE(text.str(), QStringLiteral("xy"));
+        QCOMPARE(moved.str(), QStringLiteral("abcdef"));
     });
 }
 

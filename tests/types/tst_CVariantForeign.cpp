@@ -84,8 +84,16 @@ void tst_CVariantForeign::text_data()
     QTest::newRow("STRING32 of CString128")
         << joined(QVariant::fromValue(CString128(QString(40, QLatin1Char('a')))), NTypes::TYPE_STRING32)
         << QString(40, QLatin1Char('a'));
-    QTest::newRow("STRING64 of bytes")
-        << joined(QByteArray("abc"), NTypes::TYPE_STRING64) << QStringLiteral("abc");
+    // No fixed-length string: nothing that a UTF-16 text could show.
+    QTest::newRow("STRING32 of int") << joined(5, NTypes::TYPE_STRING32) << QString();
+    QTest::newRow("STRING128 of double") << joined(2.5, NTypes::TYPE_STRING128) << QString();
+    QTest::newRow("STRING64 of bytes") << joined(QByteArray("abc"), NTypes::TYPE_STRING64) << QString();
+    QTest::newRow("STRING64 of QString")
+        << joined(QStringLiteral("text"), NTypes::TYPE_STRING64) << QString();
+    QTest::newRow("STRING32 of QChar") << joined(QChar(0xE4), NTypes::TYPE_STRING32) << QString();
+    QTest::newRow("STRING32 of record") << joined(
+        QVariant::fromValue(NTypes::tsDateTime{{56, 10, 22, 13}, {4, 5, 2018}}), NTypes::TYPE_STRING32)
+                                        << QString();
     QTest::newRow("STRING128 of nothing") << joined(QVariant(), NTypes::TYPE_STRING128) << QString();
     QTest::newRow("CHARSTR64 of 300 bytes")
         << joined(QByteArray(300, 'b'), NTypes::TYPE_CHARSTR64) << QString(300, QLatin1Char('b'));
@@ -228,8 +236,11 @@ void tst_CVariantForeign::utf16()
     QCOMPARE(value.toString64(), CString64(QString(40, QLatin1Char('a'))));
     QCOMPARE(value.toString128(), text);
     const CVariant number = joined(5, NTypes::TYPE_STRING64);
-    QCOMPARE(number.toString32(&ok), CString32(QStringLiteral("5")));
+    QCOMPARE(number.toString32(&ok), CString32());
     QVERIFY(ok);
+    QCOMPARE(number.toString64(), CString64());
+    QCOMPARE(number.toString128(), CString128());
+    QCOMPARE(number, joined(6, NTypes::TYPE_STRING64));
 }
 
 void tst_CVariantForeign::bytes()
@@ -256,8 +267,9 @@ void tst_CVariantForeign::utf16Char()
     unsigned short unit = 0xEEEE;
     QVERIFY(joined(text32("text"), NTypes::TYPE_UTF16CHAR).toUtf16Char(unit));
     QCOMPARE(int(unit), 0);
+    unit = 0xEEEE;
     QVERIFY(joined(QVariant(QChar(0xE4)), NTypes::TYPE_STRING32).toUtf16Char(unit));
-    QCOMPARE(int(unit), 0xE4);
+    QCOMPARE(int(unit), 0);
 }
 
 void tst_CVariantForeign::untypedPayload()

@@ -209,8 +209,12 @@ void tst_CVariantHex::otherPayloads_data()
     QTest::newRow("text under UTF16CHAR") << anyVariant(QVariant(QStringLiteral("x")), 19) << zeros(4);
     QTest::newRow("text under DATETIME")
         << anyVariant(QVariant(QStringLiteral("x")), 16) << QStringLiteral("0");
-    QTest::newRow("bytes under STRING32")
-        << anyVariant(QVariant(QByteArray("A")), 12) << QStringLiteral("4100") + zeros(124);
+    QTest::newRow("bytes under STRING32") << anyVariant(QVariant(QByteArray("A")), 12) << zeros(128);
+    QTest::newRow("number under STRING64") << anyVariant(QVariant(5), 17) << zeros(256);
+    QTest::newRow("text under STRING128") << anyVariant(QVariant(QStringLiteral("x")), 14) << zeros(512);
+    QTest::newRow("CString64 under STRING32")
+        << anyVariant(QVariant::fromValue(CString64(QStringLiteral("A"))), 12)
+        << QStringLiteral("4100") + zeros(124);
     QTest::newRow("no value under CHARSTR64") << anyVariant(QVariant(), 13) << QString();
 }
 

@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <cstdint>
+#include <limits>
 #include <type_traits>
 
 // Construction and assignment: every argument type chooses tag and payload, both ways alike.
@@ -15,6 +17,8 @@ private Q_SLOTS:
     void untyped();
     void numbers_data();
     void numbers();
+    void longs();
+    void fixedWidthIntegers();
     void characters();
     void bytes();
     void fixedStrings();
@@ -70,6 +74,8 @@ Q_DECLARE_METATYPE(QVector<CVariant>)
 void tst_CVariantMake::shape()
 {
     QVERIFY(std::has_virtual_destructor<CVariant>::value);
+    QVERIFY(std::is_nothrow_copy_constructible<CVariant>::value);
+    QVERIFY(std::is_nothrow_copy_assignable<CVariant>::value);
     QVERIFY(std::is_nothrow_move_constructible<CVariant>::value);
     QVERIFY(std::is_nothrow_move_assignable<CVariant>::value);
     QVERIFY((std::is_convertible<int, CVariant>::value));
@@ -111,6 +117,44 @@ void tst_CVariantMake::numbers()
     QFETCH(QVariant, payload);
     QCOMPARE(payload.userType(), qtType);
     compareAll(made, type, payload);
+}
+
+// As the catalogue's integer of the width that long has on this platform.
+void tst_CVariantMake::longs()
+{
+    constexpr bool WIDE = sizeof(long) == 8;
+    const long least = std::numeric_limits<long>::min();
+    const unsigned long greatest = std::numeric_limits<unsigned long>::max();
+    compareAll(madeFrom(least), WIDE ? NTypes::TYPE_I64 : NTypes::TYPE_I32,
+               WIDE ? QVariant(static_cast<long long>(least)) : QVariant(static_cast<int>(least)));
+    compareAll(madeFrom(greatest), WIDE ? NTypes::TYPE_U64 : NTypes::TYPE_U32,
+               WIDE ? QVariant(static_cast<unsigned long long>(greatest))
+                    : QVariant(static_cast<unsigned int>(greatest)));
+    const long readLeast = CVariant(least);
+    const unsigned long readGreatest = CVariant(greatest);
+    QCOMPARE(readLeast, least);
+    QCOMPARE(readGreatest, greatest);
+    // Cut to the width, as by every numeric reader.
+    const CVariant tenTo10(10000000000LL);
+    const long cut = tenTo10;
+    QCOMPARE(cut, static_cast<long>(WIDE ? 10000000000LL : 1410065408LL));
+}
+
+// Which of long and long long these names mean differs between platforms; their width does not.
+void tst_CVariantMake::fixedWidthIntegers()
+{
+    const std::int64_t number = std::numeric_limits<std::int64_t>::min();
+    compareAll(madeFrom(number), NTypes::TYPE_I64, QVariant(static_cast<long long>(number)));
+    const std::uint64_t bits = std::numeric_limits<std::uint64_t>::max();
+    compareAll(madeFrom(bits), NTypes::TYPE_U64, QVariant(static_cast<unsigned long long>(bits)));
+    const std::size_t size = std::numeric_limits<std::size_t>::max();
+    QCOMPARE(CVariant(size).type(), sizeof(size) == 8 ? NTypes::TYPE_U64 : NTypes::TYPE_U32);
+    const std::int64_t readNumber = CVariant(number);
+    const std::uint64_t readBits = CVariant(bits);
+    const std::size_t readSize = CVariant(size);
+    QCOMPARE(readNumber, number);
+    QCOMPARE(readBits, bits);
+    QCOMPARE(readSize, size);
 }
 
 // char is neither signed char nor unsigned char.
@@ -240,6 +284,13 @@ void tst_CVariantMake::moves()
     other = std::move(target);
     QCOMPARE(other.type(), NTypes::TYPE_UTF16CHAR);
     QCOMPARE(other.toStr(), QStringLiteral("x"));
+    // What was moved from is a variant like any other.
+    QCOMPARE(source.type(), NTypes::TYPE_UNKNOWN); // NOLINT(bugprone-use-after-move): that is what is tested
+    QVERIFY(!payloadOf(source).isValid());
+    source = 7;
+    QCOMPARE(source.toI32(), 7);
+    target = 8;
+    QCOMPARE(target.toI32(), 8);
 }
 
 void tst_CVariantMake::assignmentNeverConverts()
