@@ -8,7 +8,7 @@ import pathlib
 import re
 import sys
 
-INCLUDE = re.compile(r"^#include <core/(\w+)/(\w+)\.h>", re.MULTILINE)
+INCLUDE = re.compile(r"^#include <core/(\w+)/[\w/]+\.h>", re.MULTILINE)
 
 
 def main():
@@ -16,11 +16,12 @@ def main():
     edges = collections.Counter()
     files = collections.defaultdict(set)
     for file in sorted((root / "core").rglob("*.[hc]*")):
-        folder = file.parent.name
-        if folder == "core" or file.suffix not in (".h", ".cpp"):
+        path = file.relative_to(root / "core")
+        folder = path.parts[0]
+        if len(path.parts) == 1 or file.suffix not in (".h", ".cpp"):
             continue
         files[folder].add(file.stem)
-        for target, _ in INCLUDE.findall(file.read_text(encoding="utf-8")):
+        for target in INCLUDE.findall(file.read_text(encoding="utf-8")):
             if target != folder:
                 edges[(folder, target)] += 1
     print('digraph core {\n  rankdir=TB;\n  node [shape=box, fontname="sans-serif"];\n'

@@ -1,6 +1,6 @@
 #include <core/app/CCompanyStrings.h>
 
-#include <core/StaticObjects.h>
+#include <core/base/StaticObjects.h>
 #include <core/files/CPath.h>
 
 #include <QFile>

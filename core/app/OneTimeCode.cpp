@@ -1,6 +1,7 @@
 #include <core/app/OneTimeCode.h>
 
 #include <core/app/CHmac.h>
+#include <core/base/FloatToInteger.h>
 
 #include <QtEndian>
 
@@ -17,13 +18,6 @@ enum EValidation : int
     CODE_WRONG = 1,
     CODE_LENGTH_WRONG = 2
 };
-
-// A number of seconds too far away for 64 bits gives the bits of -2^63, never an undefined conversion.
-qint64 toCounter(double steps)
-{
-    constexpr double LIMIT = 9223372036854775808.0;
-    return steps >= -LIMIT && steps < LIMIT ? static_cast<qint64>(steps) : std::numeric_limits<qint64>::min();
-}
 
 // Looks at every character, so that the time taken does not tell where a guess was wrong.
 bool isEqualInConstantTime(const QString& left, const QString& right)
@@ -44,7 +38,7 @@ qint64 OneTimeCode::counter(qint64 msecs) const
         return 0;
     }
     const double seconds = static_cast<double>(msecs) / 1000.0;
-    return toCounter(std::floor((seconds - static_cast<double>(t0)) / step));
+    return floatToInteger<qint64>(std::floor((seconds - static_cast<double>(t0)) / step));
 }
 
 quint32 OneTimeCode::value(qint64 msecs) const

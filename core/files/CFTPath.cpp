@@ -1,6 +1,6 @@
 #include <core/files/CFTPath.h>
 
-#include <core/StaticObjects.h>
+#include <core/base/StaticObjects.h>
 
 namespace {
 

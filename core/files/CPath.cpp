@@ -1,6 +1,6 @@
 #include <core/files/CPath.h>
 
-#include <core/StaticObjects.h>
+#include <core/base/StaticObjects.h>
 #include <core/files/ApplicationPath.h>
 #include <core/files/Platform.h>
 

@@ -1,7 +1,7 @@
 #include <core/text/CTime.h>
 
+#include <core/base/FloatToInteger.h>
 #include <core/text/CMath.h>
-#include <core/types/FloatToInteger.h>
 
 #include <QDataStream>
 #include <QDebug>

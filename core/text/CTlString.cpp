@@ -1,7 +1,7 @@
 #include <core/text/CTlString.h>
 
+#include <core/base/FloatToInteger.h>
 #include <core/text/NumberText.h>
-#include <core/types/FloatToInteger.h>
 
 #include <QDebug>
 

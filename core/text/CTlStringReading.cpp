@@ -1,8 +1,8 @@
 #include <core/text/CTlString.h>
 
+#include <core/base/FloatToInteger.h>
 #include <core/text/NumberReading.h>
 #include <core/text/NumberText.h>
-#include <core/types/FloatToInteger.h>
 
 #include <algorithm>
 #include <cmath>

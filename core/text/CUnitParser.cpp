@@ -1,6 +1,6 @@
 #include <core/text/CUnitParser.h>
 
-#include <core/StaticObjects.h>
+#include <core/base/StaticObjects.h>
 #include <core/text/UnitTable.h>
 #include <core/types/TypeTable.h>
 

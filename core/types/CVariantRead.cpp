@@ -1,6 +1,6 @@
 #include <core/types/CVariant.h>
 
-#include <core/types/FloatToInteger.h>
+#include <core/base/FloatToInteger.h>
 #include <core/types/TypeTable.h>
 #include <core/types/VariantPayload.h>
 

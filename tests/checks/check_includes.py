@@ -10,14 +10,15 @@ import sys
 # Folder of core/ -> folders of core/ that it may include from, besides itself.
 ALLOWED = {
     "": {"types", "text", "device", "files", "app"},
-    "types": set(),
-    "text": {"types", "app", "files"},
-    "app": {"files"},
-    "files": set(),
-    "device": set(),
+    "base": set(),
+    "types": {"base"},
+    "text": {"base", "types", "app", "files"},
+    "app": {"base", "files"},
+    "files": {"base"},
+    "device": {"base"},
 }
 # At the root for every folder.
-SHARED = {"core/tlxCoreExport.h", "core/StaticObjects.h"}
+SHARED = {"core/tlxCoreExport.h"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]', re.MULTILINE)
 
 
