@@ -1,7 +1,7 @@
 // The CRC-32 beside zlib's and libdeflate's. The paths behind CMath::crc32 stand beside them too: the library takes the
 // fastest, and a machine without its instructions has the others.
+#include <core/base/crc32/Crc32.h>
 #include <core/text/CMath.h>
-#include <core/text/Crc32.h>
 
 #include <benchmark/benchmark.h>
 #include <libdeflate.h>
@@ -65,12 +65,13 @@ void registerOperation(const std::string& name, quint32 (*operation)(const uchar
         name.c_str(), [operation](benchmark::State& state) { measure(state, operation); }));
 }
 
-void registerPath(const NCrc32::SPath& path)
+void registerRoutine(const NCrc32::SRoutine& routine)
 {
-    const std::string name = std::string("BM_Crc32 ") + path.name;
-    withSizes(benchmark::RegisterBenchmark((name + "/tlx").c_str(), [path](benchmark::State& state) {
-        measure(state,
-                [path](const uchar* data, std::size_t length) { return path.function(~0U, data, length); });
+    const std::string name = std::string("BM_Crc32 ") + routine.name;
+    withSizes(benchmark::RegisterBenchmark((name + "/tlx").c_str(), [routine](benchmark::State& state) {
+        measure(state, [routine](const uchar* data, std::size_t length) {
+            return routine.function(~0U, data, length);
+        });
     }));
     registerOperation(name + "/zlib", zlib);
     registerOperation(name + "/libdeflate", libdeflate);
@@ -83,9 +84,9 @@ int main(int argc, char** argv)
     registerOperation("BM_Crc32/tlx", tlx);
     registerOperation("BM_Crc32/zlib", zlib);
     registerOperation("BM_Crc32/libdeflate", libdeflate);
-    for (const NCrc32::SPath& path : NCrc32::paths()) {
-        if (path.function) {
-            registerPath(path);
+    for (const NCrc32::SRoutine& routine : NCrc32::routines()) {
+        if (routine.function) {
+            registerRoutine(routine);
         }
     }
     benchmark::Initialize(&argc, argv);

@@ -1,6 +1,6 @@
 #include <core/device/CDeviceHardwareId.h>
 
-#include <core/device/TextScanner.h>
+#include <core/base/TextScanner.h>
 #include <core/device/TextTemplate.h>
 
 #include <QDataStream>
@@ -24,14 +24,14 @@ QRegExp expression(const char* pattern)
 bool isOfForm(const QString& text, int numbers)
 {
     TextScanner scanner(text);
-    scanner.take(NUnitClass::isNonDigit, 1);
+    scanner.take(NCharacters::isNonDigit, 1);
     for (int i = 0; i < numbers; ++i) {
-        if ((i > 0 && !scanner.takeUnit('_')) || scanner.take(NUnitClass::isDigit, DIGITS) != DIGITS) {
+        if ((i > 0 && !scanner.takeOne('_')) || scanner.take(NCharacters::isDigit, DIGITS) != DIGITS) {
             return false;
         }
     }
     return scanner.atEnd()
-           || (scanner.takeUnit('_') && scanner.take(NUnitClass::isWord) > 0 && scanner.atEnd());
+           || (scanner.takeOne('_') && scanner.take(NCharacters::isWord) > 0 && scanner.atEnd());
 }
 
 /// Takes one to three digits; gives their value, -1 if there is none.
@@ -39,7 +39,7 @@ int takeNumber(TextScanner& scanner)
 {
     int number = 0;
     const auto addDigit = [&number](QChar unit) {
-        if (!NUnitClass::isDigit(unit)) {
+        if (!NCharacters::isDigit(unit)) {
             return false;
         }
         number = number * 10 + (unit.unicode() < 0x80 ? unit.unicode() - '0' : unit.digitValue());
@@ -72,7 +72,7 @@ QString numberText(unsigned short number)
 
 bool isPrefix(const QString& text)
 {
-    return text.isEmpty() || (text.size() == 1 && NUnitClass::isNonDigit(text.at(0)));
+    return text.isEmpty() || (text.size() == 1 && NCharacters::isNonDigit(text.at(0)));
 }
 
 } // namespace
@@ -298,13 +298,13 @@ bool CDeviceHardwareId::parse(QStringView text)
         return true;
     }
     TextScanner scanner(text);
-    if (text.front() != QLatin1Char('_') && scanner.take(NUnitClass::isNonDigit, 1) == 1) {
+    if (text.front() != QLatin1Char('_') && scanner.take(NCharacters::isNonDigit, 1) == 1) {
         mPrefix = text.front();
     }
     QStringView rest = scanner.rest();
     for (unsigned short* field : {&mPlatform, &mVersion, &mRevision}) {
         const int number = takeNumber(scanner);
-        const bool isPart = scanner.atEnd() || scanner.takeUnit('_');
+        const bool isPart = scanner.atEnd() || scanner.takeOne('_');
         if (!isPart || !storeNumber(*field, number)) {
             if (field == &mPlatform) {
                 return false;

@@ -1,6 +1,7 @@
 #include <core/device/CIPv6Address.h>
 
-#include <core/device/TextScanner.h>
+#include <core/base/Digits.h>
+#include <core/base/TextScanner.h>
 
 #include <QDataStream>
 #include <QDebug>
@@ -21,12 +22,12 @@ public:
     bool read(QStringView text)
     {
         TextScanner scanner(text);
-        if (scanner.takeUnit(':')) {
+        if (scanner.takeOne(':')) {
             mCount = 2; // a lone ":" stands between two empty parts
         } else if (!readPart(scanner)) {
             return false;
         }
-        for (int i = 1; i < GROUPS && scanner.takeUnit(':'); ++i) {
+        for (int i = 1; i < GROUPS && scanner.takeOne(':'); ++i) {
             readPart(scanner);
         }
         return scanner.atEnd();
@@ -41,12 +42,12 @@ private:
     bool readPart(TextScanner& scanner)
     {
         int group = 0;
-        const auto addDigit = [&group](QChar unit) {
-            const int value = hexValue(unit);
-            if (value >= 0) {
-                group = group * 16 + value;
+        const auto addDigit = [&group](QChar codeUnit) {
+            const unsigned int value = NDigits::valueOf(codeUnit);
+            if (value < 16) {
+                group = group * 16 + static_cast<int>(value);
             }
-            return value >= 0;
+            return value < 16;
         };
         const bool any = scanner.take(addDigit, GROUP_DIGITS) > 0;
         mGroups[static_cast<std::size_t>(mCount)] = any ? group : -1;
@@ -54,30 +55,9 @@ private:
         return any;
     }
 
-    /// -1 for what is no hexadecimal digit.
-    static int hexValue(QChar unit)
-    {
-        const unsigned int digit = unit.unicode() - unsigned('0');
-        const unsigned int letter = (unit.unicode() | 0x20U) - unsigned('a');
-        return digit < 10 ? static_cast<int>(digit) : letter < 6 ? static_cast<int>(letter) + 10 : -1;
-    }
-
     int mCount = 0;
     std::array<int, GROUPS + 1> mGroups{{-1, -1, -1, -1, -1, -1, -1, -1, -1}};
 };
-
-/// Writes a group without leading zeros; gives the place behind it.
-QChar* writeGroup(QChar* to, int group)
-{
-    int shift = 12;
-    while (shift > 0 && (group >> shift) == 0) {
-        shift -= 4;
-    }
-    for (; shift >= 0; shift -= 4) {
-        *to++ = QLatin1Char("0123456789abcdef"[(group >> shift) & 0xF]);
-    }
-    return to;
-}
 
 } // namespace
 
@@ -198,15 +178,13 @@ void CIPv6Address::clear()
 QString CIPv6Address::str() const
 {
     QChar text[GROUPS * (GROUP_DIGITS + 1)];
-    QChar* end = text;
-    const unsigned char* byte = mBytes.data();
-    for (int i = 0; i < GROUPS; ++i, byte += 2) {
-        if (i > 0) {
-            *end++ = QLatin1Char(':');
-        }
-        end = writeGroup(end, byte[0] | byte[1] << 8);
+    QChar* const end = text + GROUPS * (GROUP_DIGITS + 1);
+    QChar* first = end;
+    for (std::size_t i = mBytes.size(); i > 0; i -= 2) {
+        first = NDigits::writeBits(first, static_cast<quint64>(mBytes[i - 2] | mBytes[i - 1] << 8), 4);
+        *--first = QLatin1Char(':');
     }
-    return QString(text, static_cast<int>(end - text));
+    return QString(first + 1, static_cast<int>(end - first) - 1);
 }
 
 bool CIPv6Address::operator==(const CIPv6Address& other) const

@@ -1,6 +1,6 @@
 #include <core/device/CMotorBaseName.h>
 
-#include <core/device/TextScanner.h>
+#include <core/base/TextScanner.h>
 #include <core/device/TextTemplate.h>
 
 #include <QDataStream>
@@ -14,7 +14,7 @@ namespace {
 bool isPartUnit(QChar unit)
 {
     const ushort lower = unit.unicode() | 0x20;
-    return NUnitClass::isAsciiDigit(unit) || (lower >= 'a' && lower <= 'z') || unit == QLatin1Char('-')
+    return NCharacters::isAsciiDigit(unit) || (lower >= 'a' && lower <= 'z') || unit == QLatin1Char('-')
            || unit == QLatin1Char('&') || unit == QLatin1Char('+');
 }
 
@@ -27,7 +27,7 @@ bool isPartUnitOfAnyCase(QChar unit)
 /// The end of a part for the setters: "(\t\r|$)". A trailing tab and carriage return belong to the part.
 bool isPartEnd(TextScanner& scanner)
 {
-    return scanner.atEnd() || (scanner.takeUnit('\t') && scanner.takeUnit('\r') && scanner.atEnd());
+    return scanner.atEnd() || (scanner.takeOne('\t') && scanner.takeOne('\r') && scanner.atEnd());
 }
 
 bool isPart(const QString& text)
@@ -40,7 +40,7 @@ bool isPart(const QString& text)
 bool isNumericPart(const QString& text)
 {
     TextScanner scanner(text);
-    scanner.take(NUnitClass::isAsciiDigit, 1);
+    scanner.take(NCharacters::isAsciiDigit, 1);
     return isPartEnd(scanner);
 }
 
@@ -49,11 +49,11 @@ bool isFullName(const QString& text, bool numeric)
 {
     TextScanner scanner(text);
     for (int i = 0; i < 2; ++i) {
-        if (scanner.take(isPartUnitOfAnyCase) == 0 || !scanner.takeUnit('_')) {
+        if (scanner.take(isPartUnitOfAnyCase) == 0 || !scanner.takeOne('_')) {
             return false;
         }
     }
-    return scanner.take(numeric ? NUnitClass::isAsciiDigit : isPartUnitOfAnyCase) > 0 && scanner.atEnd();
+    return scanner.take(numeric ? NCharacters::isAsciiDigit : isPartUnitOfAnyCase) > 0 && scanner.atEnd();
 }
 
 bool storeIf(bool accepted, QString& part, const QString& text)
@@ -134,7 +134,7 @@ bool CMotorBaseName::isValid(const QString& fileName, bool numeric)
 bool CMotorBaseName::checkNumber(const QString& number) const
 {
     TextScanner scanner(number);
-    return scanner.take(NUnitClass::isAsciiDigit) > 0 && scanner.atEnd();
+    return scanner.take(NCharacters::isAsciiDigit) > 0 && scanner.atEnd();
 }
 
 bool CMotorBaseName::setManufacturer(const QString& manufacturer)

@@ -1,7 +1,7 @@
 #include <core/text/CMath.h>
 
 #include <core/base/FloatToInteger.h>
-#include <core/text/Crc32.h>
+#include <core/base/crc32/Crc32.h>
 
 #include <QtEndian>
 

@@ -1,7 +1,8 @@
 #include <core/text/CStr.h>
 
+#include <core/base/CodeUnits.h>
+#include <core/base/TextScanner.h>
 #include <core/types/TypeTable.h>
-#include <core/types/Utf16Units.h>
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -27,16 +28,10 @@ const char* streamMessage(QDataStream::Status status)
     }
 }
 
-// A word character as QRegExp's \w knows it.
-bool isWord(QChar unit)
-{
-    return unit.isLetterOrNumber() || unit.isMark() || unit == QLatin1Char('_');
-}
-
 bool isAccelerator(const QString& text, int ampersand)
 {
     return text.at(ampersand) == QLatin1Char('&') && ampersand + 1 < text.size()
-           && isWord(text.at(ampersand + 1));
+           && NCharacters::isWord(text.at(ampersand + 1));
 }
 
 } // namespace
@@ -95,7 +90,7 @@ int CStr::toUtf16(const QString& text, unsigned short* buffer, int bufferBytes)
 
 QString CStr::fromUtf16(const QByteArray& bytes)
 {
-    return textOfUtf16Units(bytes.constData(), bytes.size() / 2);
+    return textOfCodeUnits(bytes.constData(), bytes.size() / 2);
 }
 
 QString CStr::fromUtf16(const unsigned short* buffer, int bytes)
@@ -103,6 +98,6 @@ QString CStr::fromUtf16(const unsigned short* buffer, int bytes)
     if (!buffer || bytes < 2) {
         return QString();
     }
-    // Nothing behind the zero unit is looked at: the buffer may end there.
-    return textOfUtf16Units(buffer, static_cast<int>(std::find(buffer, buffer + bytes / 2, 0) - buffer));
+    // Nothing after the zero unit is read: the buffer may end there.
+    return textOfCodeUnits(buffer, static_cast<int>(std::find(buffer, buffer + bytes / 2, 0) - buffer));
 }

@@ -1,6 +1,6 @@
 #include <core/text/CStr.h>
 
-#include <core/text/NumberReading.h>
+#include <core/base/NumberReading.h>
 
 #include <QLocale>
 

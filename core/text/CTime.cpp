@@ -1,6 +1,7 @@
 #include <core/text/CTime.h>
 
 #include <core/base/FloatToInteger.h>
+#include <core/base/StaticObjects.h>
 #include <core/text/CMath.h>
 
 #include <QDataStream>
@@ -10,17 +11,6 @@
 #include <algorithm>
 #include <cmath>
 
-// In a static library the order of start-up is anyone's guess; the hash of units goes first.
-#if defined(_MSC_VER) && defined(TLXCORE_STATIC)
-#pragma warning(disable : 4073)
-#pragma init_seg(lib)
-#define TLX_INIT_FIRST
-#elif defined(__GNUC__) && !defined(__APPLE__)
-#define TLX_INIT_FIRST __attribute__((init_priority(101)))
-#else
-#define TLX_INIT_FIRST
-#endif
-
 class CTimeData : public QSharedData
 {
 public:
@@ -28,7 +18,7 @@ public:
     CTime::ETimeUnit unit = CTime::UNIT_UNKNOWN;
 };
 
-TLX_INIT_FIRST const QHash<QString, CTime::ETimeUnit> CTime::mUnitHash = CTime::createUnitHash();
+const QHash<QString, CTime::ETimeUnit> CTime::mUnitHash TLX_INIT_EARLY = CTime::createUnitHash();
 
 namespace {
 

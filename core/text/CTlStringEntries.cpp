@@ -1,6 +1,6 @@
 #include <core/text/CTlString.h>
 
-#include <core/text/NumberReading.h>
+#include <core/text/NumberText.h>
 
 #include <QStringList>
 
@@ -37,13 +37,6 @@ struct SEntry
     QString fraction;
 };
 
-bool isDigit(QChar unit, bool dual)
-{
-    const ushort code = unit.unicode();
-    return (code >= '0' && code <= (dual ? '1' : '9'))
-           || (!dual && (code | 0x20) >= 'a' && (code | 0x20) <= 'f');
-}
-
 // The digits of groups that "." separates; a group that is not the first stands for four digits.
 QString joinedGroups(const QString& part)
 {
@@ -71,7 +64,7 @@ SEntry readEntry(const QString& text, bool dual, bool hasFraction)
     entry.fraction = joinedGroups(colon < 0 ? QString() : body.mid(colon + 1));
     const QString digits = entry.integer + entry.fraction;
     entry.isNumber = !digits.isEmpty() && std::all_of(digits.begin(), digits.end(), [dual](QChar c) {
-        return isDigit(c, dual);
+        return NDigits::valueOf(c) < (dual ? 2 : 16);
     });
     return entry;
 }
@@ -97,8 +90,7 @@ bool fits64Bits(const QString& integer, const QString& fraction, bool negative, 
         NNumberReading::readSigned(QLatin1Char('-') + integer + fraction, 16, ok);
         return ok;
     }
-    NNumberReading::readHex(integer, fraction, format.width, std::max<int>(format.fractionDigits, 0), true,
-                            ok);
+    NNumberText::readHex(integer, fraction, format.width, std::max<int>(format.fractionDigits, 0), true, ok);
     return ok;
 }
 

@@ -1,7 +1,6 @@
 #include <core/text/CTlString.h>
 
 #include <core/base/FloatToInteger.h>
-#include <core/text/NumberReading.h>
 #include <core/text/NumberText.h>
 
 #include <algorithm>
@@ -62,7 +61,7 @@ quint64 hexBits(QString text, SFormatValue format, double factor, bool& ok)
         return isOne(factor) ? static_cast<quint64>(number) : product<T>(static_cast<double>(number), factor);
     }
     const int colon = text.indexOf(QLatin1Char(':'));
-    const quint64 bits = NNumberReading::readHex(
+    const quint64 bits = NNumberText::readHex(
         withoutSeparators(text.left(colon)), colon < 0 ? QString() : withoutSeparators(text.mid(colon)),
         format.width, std::max<int>(format.fractionDigits, 0), std::is_signed<T>::value, ok);
     return isOne(factor) ? bits : product<T>(static_cast<double>(bits), factor);

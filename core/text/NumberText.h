@@ -1,51 +1,38 @@
 #ifndef TLXCORE_NUMBERTEXT_H
 #define TLXCORE_NUMBERTEXT_H
 
+#include <core/base/NumberReading.h>
+
 #include <QString>
 
 #include <algorithm>
 #include <type_traits>
 
-/**
- * What formatting and reading under a descriptor share: digits with fill, and shifts that have a result for every
- * number of bits.
- */
+/// What formatting and reading under a descriptor share: digits with fill, shifts by any number of bits, and the sign in
+/// front of 64 bits.
 namespace NNumberText {
 
 /// Appends a number as QString::arg writes it in base 10: at least |width| characters, a negative width aligned to the
-/// left; zeros as fill on the left stand behind the sign.
+/// left; zeros as fill on the left follow the sign.
 inline void appendDecimal(QString& text, quint64 magnitude, bool negative, int width, char16_t fill)
 {
-    char16_t digits[21];
-    char16_t* const end = digits + 21;
-    char16_t* first = end;
-    do {
-        *--first = static_cast<char16_t>('0' + magnitude % 10);
-        magnitude /= 10;
-    } while (magnitude != 0);
-
-    const int count = static_cast<int>(end - first) + (negative ? 1 : 0);
+    QChar buffer[NDigits::MOST];
+    QChar* const end = buffer + NDigits::MOST;
+    QChar* first = NDigits::writeDecimal(end, magnitude);
+    const bool signFirst = negative && fill == u'0';
+    if (negative && !signFirst) {
+        *--first = QLatin1Char('-');
+    }
+    const int count = static_cast<int>(end - first) + (signFirst ? 1 : 0);
     const int before = std::max(width - count, 0);
     const int after = std::max(-width - count, 0);
-    if (before == 0 && after == 0) {
-        if (negative) {
-            *--first = u'-';
-        }
-        const auto* const units = reinterpret_cast<const QChar*>(first);
-        text = text.isEmpty() ? QString(units, count) : text.append(units, count);
-        return;
-    }
     const int old = text.size();
     text.resize(old + before + count + after);
     QChar* out = text.data() + old;
-    if (negative && fill == u'0') {
+    if (signFirst) {
         *out++ = QLatin1Char('-');
-        negative = false;
     }
     out = std::fill_n(out, before, QChar(fill));
-    if (negative) {
-        *out++ = QLatin1Char('-');
-    }
     out = std::copy(first, end, out);
     std::fill_n(out, after, QChar(fill));
 }
@@ -60,29 +47,22 @@ void appendDecimal(QString& text, Wide value, int width, char16_t fill)
 }
 
 /// Appends the last `width` hexadecimal (4 bits) or binary (1 bit) digits of a number in groups of four; with a
-/// negative width all digits, and zeros behind them up to |width|, as QString::arg fills.
+/// negative width all digits, and zeros after them up to |width|, as QString::arg fills.
 inline void appendBits(QString& text, quint64 bits, int width, int bitsPerDigit)
 {
-    int digits = 1;
-    while (digits * bitsPerDigit < 64 && (bits >> (digits * bitsPerDigit)) != 0) {
-        ++digits;
-    }
+    QChar buffer[NDigits::MOST];
+    QChar* end = buffer + NDigits::MOST;
+    const QChar* const first = NDigits::writeBits(end, bits, bitsPerDigit);
+    const int digits = static_cast<int>(end - first);
     const int total = width < 0 ? std::max(digits, -width) : width;
-    const int behind = width < 0 ? total - digits : 0;
-    const int old = text.size();
-    text.resize(old + total + (total > 0 ? (total - 1) / 4 : 0));
-    const quint64 mask = (Q_UINT64_C(1) << bitsPerDigit) - 1;
+    const int zerosAfter = width < 0 ? total - digits : 0;
+    text.resize(text.size() + total + (total > 0 ? (total - 1) / 4 : 0));
     QChar* out = text.data() + text.size();
     for (int i = 0; i < total; ++i) {
         if (i > 0 && i % 4 == 0) {
             *--out = QLatin1Char('.');
         }
-        quint64 digit = 0;
-        if (i >= behind) {
-            digit = bits & mask;
-            bits >>= bitsPerDigit;
-        }
-        *--out = QLatin1Char("0123456789abcdef"[digit]);
+        *--out = i < zerosAfter || end == first ? QLatin1Char('0') : *--end;
     }
 }
 
@@ -96,6 +76,27 @@ Wide shifted(Wide value, int bits)
         return bits <= -64 ? Wide(0) : static_cast<Wide>(static_cast<quint64>(value) << -bits);
     }
     return bits < 64 ? value >> bits : value < 0 ? Wide(-1) : Wide(0);
+}
+
+/// Two's complement hexadecimal digits, the last `fractionDigits` of them in `fraction`. More than 64 bits are a number
+/// for a signed type alone, and only as toStr() prints a negative one in `width` characters: its integer part is shifted
+/// arithmetically and cut to its width, which puts up to `fractionDigits` times "f" in front of the 64 bits.
+inline quint64 readHex(const QString& integer, const QString& fraction, int width, int fractionDigits,
+                       bool isSigned, bool& ok)
+{
+    const quint64 bits = NNumberReading::readUnsigned(integer + fraction, 16, ok);
+    if (ok || !isSigned || fraction.size() != fractionDigits) {
+        return bits;
+    }
+    bool isFraction = false;
+    const quint64 upper = NNumberReading::readUnsigned(integer, 16, ok);
+    const quint64 lower = NNumberReading::readUnsigned(fraction, 16, isFraction);
+    const quint64 value = shifted(upper, -4 * fractionDigits) | lower;
+    const auto printed = static_cast<quint64>(shifted(static_cast<qint64>(value), 4 * fractionDigits));
+    const int digits = width - fractionDigits;
+    const quint64 shown = digits < 0 ? printed : printed & ~shifted(~Q_UINT64_C(0), -4 * digits);
+    ok = ok && isFraction && static_cast<qint64>(value) < 0 && upper == shown;
+    return ok ? value : 0;
 }
 
 } // namespace NNumberText

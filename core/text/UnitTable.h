@@ -4,7 +4,9 @@
 #include <core/text/NUnits.h>
 
 // The one table of what is true of each unit; the row's index is the unit's number.
-namespace NUnits {
+namespace NUnitTable {
+
+using namespace NUnits;
 
 struct SUnitInfo
 {
@@ -163,6 +165,6 @@ constexpr bool unitTableIsInOrder()
 }
 static_assert(UNIT_COUNT == UNIT_J + 1 && unitTableIsInOrder(), "one row a unit");
 
-} // namespace NUnits
+} // namespace NUnitTable
 
 #endif // TLXCORE_UNITTABLE_H

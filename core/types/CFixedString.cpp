@@ -1,9 +1,9 @@
 #include <core/types/CFixedString.h>
 
+#include <core/base/CodeUnits.h>
 #include <core/types/CString128.h>
 #include <core/types/CString32.h>
 #include <core/types/CString64.h>
-#include <core/types/Utf16Units.h>
 
 #include <QHash>
 #include <QtEndian>
@@ -99,7 +99,7 @@ namespace NFixedString {
 
 QString text(const unsigned short* data, int units)
 {
-    return textOfUtf16Units(data, units);
+    return textOfCodeUnits(data, units);
 }
 
 bool equal(const unsigned short* left, const unsigned short* right, int units)

@@ -1,13 +1,13 @@
-#include <core/text/Crc32Processor.h>
+#include <core/base/crc32/Crc32Processor.h>
 
-#if defined(TLX_CRC32_X86) && defined(Q_CC_MSVC)
+#if defined(Q_PROCESSOR_X86_64) && defined(Q_CC_MSVC)
 #include <immintrin.h>
 #include <intrin.h>
 #endif
 
 namespace NCrc32 {
 
-#if !defined(TLX_CRC32_X86)
+#if !defined(Q_PROCESSOR_X86_64)
 
 SProcessor processor()
 {

@@ -6,34 +6,35 @@
 
 #include <limits>
 
-/// The classes of UTF-16 units that identifiers and motor names are made of, as QRegExp understands them.
-namespace NUnitClass {
+/// Classes of UTF-16 code units as QRegExp understands them.
+namespace NCharacters {
 
 /// "[0-9]".
-inline bool isAsciiDigit(QChar unit)
+inline bool isAsciiDigit(QChar codeUnit)
 {
-    return unit >= QLatin1Char('0') && unit <= QLatin1Char('9');
+    return codeUnit >= QLatin1Char('0') && codeUnit <= QLatin1Char('9');
 }
 
 /// "\d": the decimal digits of every script in the basic plane.
-inline bool isDigit(QChar unit)
+inline bool isDigit(QChar codeUnit)
 {
-    return unit.isDigit();
+    return codeUnit.isDigit();
 }
 
 /// "\D": everything else, a lone surrogate or one half of a pair included.
-inline bool isNonDigit(QChar unit)
+inline bool isNonDigit(QChar codeUnit)
 {
-    return !unit.isDigit();
+    return !codeUnit.isDigit();
 }
 
 /// "\w": letters, numbers and marks of every script in the basic plane, and "_".
-inline bool isWord(QChar unit)
+inline bool isWord(QChar codeUnit)
 {
-    return unit.isLetterOrNumber() || unit == QLatin1Char('_') || (unit.unicode() > 0x7F && unit.isMark());
+    return codeUnit.isLetterOrNumber() || codeUnit == QLatin1Char('_')
+           || (codeUnit.unicode() > 0x7F && codeUnit.isMark());
 }
 
-} // namespace NUnitClass
+} // namespace NCharacters
 
 /**
  * Walks over a text from its start. A step takes what it names and says how much that was; what it does not name stays.
@@ -51,7 +52,7 @@ public:
 
     QStringView rest() const { return QStringView(mAt, mEnd); }
 
-    /// Takes up to `most` units of a class; gives their number.
+    /// Takes up to `most` code units of a class; returns their number.
     template <typename IsOfClass>
     int take(IsOfClass isOfClass, int most = std::numeric_limits<int>::max())
     {
@@ -63,10 +64,10 @@ public:
         return taken;
     }
 
-    /// Takes one unit if it is this one.
-    bool takeUnit(char unit)
+    /// Takes one code unit if it is this character.
+    bool takeOne(char character)
     {
-        return take([unit](QChar next) { return next == QLatin1Char(unit); }, 1) == 1;
+        return take([character](QChar next) { return next == QLatin1Char(character); }, 1) == 1;
     }
 
 private:

@@ -1,9 +1,8 @@
-#include <core/text/Crc32Processor.h>
+#include <core/base/crc32/Crc32.h>
 
-#if defined(TLX_CRC32_WIDE)
+#if defined(TLX_CRC32_INTRINSICS)
 
-#define TLX_CRC32_TARGET TLX_TARGET("pclmul,ssse3,sse4.1,avx512f,avx512vl,vpclmulqdq")
-#include <core/text/Crc32Fold.h>
+#include <core/base/crc32/Crc32Fold.h>
 
 namespace NCrc32 {
 
@@ -11,7 +10,7 @@ namespace {
 
 // The unmasked forms of these instructions make GCC 12 warn of its own headers.
 template <int INDEX>
-TLX_CRC32_TARGET inline __m128i part16(__m512i parts)
+inline __m128i part16(__m512i parts)
 {
     return _mm512_maskz_extracti32x4_epi32(0xF, parts, INDEX);
 }
@@ -22,22 +21,22 @@ struct SWide64
     using Type = __m512i;
     static constexpr int BYTES = 64;
 
-    TLX_CRC32_TARGET static Type load(const uchar* data) { return _mm512_loadu_si512(data); }
-    TLX_CRC32_TARGET static Type constants(SFold fold)
+    static Type load(const uchar* data) { return _mm512_loadu_si512(data); }
+    static Type constants(SFold fold)
     {
         return _mm512_maskz_broadcast_i32x4(0xFFFF, pairOf(fold.low, fold.high));
     }
-    TLX_CRC32_TARGET static Type fold(Type part, Type by, Type next)
+    static Type fold(Type part, Type by, Type next)
     {
         constexpr int XOR_OF_THREE = 0x96;
         return _mm512_ternarylogic_epi64(next, _mm512_clmulepi64_epi128(part, by, 0x00),
                                          _mm512_clmulepi64_epi128(part, by, 0x11), XOR_OF_THREE);
     }
-    TLX_CRC32_TARGET static Type withRegister(Type first, quint32 crc)
+    static Type withRegister(Type first, quint32 crc)
     {
         return _mm512_xor_si512(first, _mm512_zextsi128_si512(_mm_cvtsi32_si128(static_cast<int>(crc))));
     }
-    TLX_CRC32_TARGET static __m128i last(Type part)
+    static __m128i last(Type part)
     {
         const __m128i by = pairOf(OVER_16.low, OVER_16.high);
         __m128i sum = part16<0>(part);
@@ -47,7 +46,7 @@ struct SWide64
     }
 };
 
-TLX_CRC32_TARGET quint32 update64(quint32 crc, const uchar* data, std::size_t length)
+quint32 update64(quint32 crc, const uchar* data, std::size_t length)
 {
     if (length >= 1024) {
         return folded<SWide64, 8>(crc, data, length);
@@ -57,20 +56,12 @@ TLX_CRC32_TARGET quint32 update64(quint32 crc, const uchar* data, std::size_t le
 
 } // namespace
 
-Function pathVpclmul512()
-{
-    return processor().vpclmul512 ? update64 : nullptr;
-}
+const Function VPCLMUL512 = update64;
 
 } // namespace NCrc32
 
 #else
 
-#include <core/text/Crc32.h>
-
-NCrc32::Function NCrc32::pathVpclmul512()
-{
-    return nullptr;
-}
+const NCrc32::Function NCrc32::VPCLMUL512 = nullptr;
 
 #endif

@@ -1,5 +1,5 @@
-// The ways behind CMath::crc32, which chooses one for the processor: no public call reaches the others.
-#include <core/text/Crc32.h>
+// The routines of CMath::crc32, which chooses one for the processor: no public call reaches the others.
+#include <core/base/crc32/Crc32.h>
 
 #include <core/text/CMath.h>
 
@@ -65,34 +65,34 @@ private Q_SLOTS:
     void chosen();
 
 private:
-    void addPaths();
+    void addRoutines();
 };
 
-void tst_Crc32::addPaths()
+void tst_Crc32::addRoutines()
 {
-    QTest::addColumn<int>("path");
+    QTest::addColumn<int>("routine");
     int i = 0;
-    for (const NCrc32::SPath& path : NCrc32::paths()) {
-        QTest::newRow(path.name) << i++;
+    for (const NCrc32::SRoutine& routine : NCrc32::routines()) {
+        QTest::newRow(routine.name) << i++;
     }
 }
 
-#define FETCH_PATH()                                                                                         \
-    QFETCH(int, path);                                                                                       \
-    const NCrc32::Function update = NCrc32::paths().at(static_cast<std::size_t>(path)).function;             \
+#define FETCH_ROUTINE()                                                                                      \
+    QFETCH(int, routine);                                                                                    \
+    const NCrc32::Function update = NCrc32::routines().at(static_cast<std::size_t>(routine)).function;       \
     if (!update) {                                                                                           \
         QSKIP("this processor or compiler does not have the instructions");                                  \
     }
 
 void tst_Crc32::everyLengthAndAddress_data()
 {
-    addPaths();
+    addRoutines();
 }
 
 // Every length and misalignment, in memory that ends with the last byte, from two registers.
 void tst_Crc32::everyLengthAndAddress()
 {
-    FETCH_PATH()
+    FETCH_ROUTINE()
     constexpr int LONGEST = 1100;
     const QByteArray bytes = randomBytes(LONGEST);
     for (const quint32 start : {0xFFFFFFFFU, 0x1234567U}) {
@@ -113,12 +113,12 @@ void tst_Crc32::everyLengthAndAddress()
 
 void tst_Crc32::longBytes_data()
 {
-    addPaths();
+    addRoutines();
 }
 
 void tst_Crc32::longBytes()
 {
-    FETCH_PATH()
+    FETCH_ROUTINE()
     const QByteArray bytes = randomBytes(300000);
     const auto* data = reinterpret_cast<const uchar*>(bytes.constData());
     quint32 expected = 0xFFFFFFFFU;
@@ -133,13 +133,13 @@ void tst_Crc32::longBytes()
 
 void tst_Crc32::inPieces_data()
 {
-    addPaths();
+    addRoutines();
 }
 
 // The register carries over: two pieces give what the whole gives, wherever it is cut.
 void tst_Crc32::inPieces()
 {
-    FETCH_PATH()
+    FETCH_ROUTINE()
     const QByteArray bytes = randomBytes(2500);
     const auto* data = reinterpret_cast<const uchar*>(bytes.constData());
     const quint32 whole = update(0xFFFFFFFFU, data, 2500);
@@ -148,7 +148,7 @@ void tst_Crc32::inPieces()
     }
 }
 
-// What CMath takes is the bitwise definition too, and the fastest way that is there.
+// What CMath takes is the bitwise definition too, and the fastest routine that is there.
 void tst_Crc32::chosen()
 {
     const QByteArray bytes = randomBytes(5000);
@@ -157,7 +157,7 @@ void tst_Crc32::chosen()
         expected = bitwise(expected, static_cast<uchar>(bytes.at(length - 1)));
         QCOMPARE(CMath::crc32(bytes.constData(), length), ~expected);
     }
-    QVERIFY(NCrc32::paths().front().function == NCrc32::updatePortable);
+    QVERIFY(NCrc32::routines().front().function == NCrc32::updatePortable);
 }
 
 QTEST_APPLESS_MAIN(tst_Crc32)

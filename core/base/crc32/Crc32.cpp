@@ -1,4 +1,6 @@
-#include <core/text/Crc32.h>
+#include <core/base/crc32/Crc32.h>
+
+#include <core/base/crc32/Crc32Processor.h>
 
 #include <QtEndian>
 
@@ -6,9 +8,8 @@ namespace NCrc32 {
 
 namespace {
 
-constexpr int WORD = 8; // bytes of a word
-constexpr int BRAIDS =
-    5; // words of a block, each with a register of its own, so that none waits for the others
+constexpr int WORD = 8;    // bytes
+constexpr int COLUMNS = 5; // words of a row
 
 using Slice = std::array<quint32, 256>;
 using Table = std::array<Slice, WORD>;
@@ -45,10 +46,10 @@ constexpr Table makeTable(int more)
 }
 
 constexpr Table WORD_TABLE = makeTable(0);
-constexpr Table BLOCK_TABLE = makeTable((BRAIDS - 1) * WORD);
+constexpr Table ROW_TABLE = makeTable((COLUMNS - 1) * WORD);
 
-// The register that a little-endian word leaves behind.
-inline quint32 ofWord(const Table& table, quint64 word)
+// The remainder of a little-endian word at the table's distance.
+inline quint32 remainder(const Table& table, quint64 word)
 {
     const auto low = static_cast<quint32>(word);
     const auto high = static_cast<quint32>(word >> 32);
@@ -59,25 +60,24 @@ inline quint32 ofWord(const Table& table, quint64 word)
 
 inline quint32 nextWord(quint32 crc, const uchar* data)
 {
-    return ofWord(WORD_TABLE, qFromLittleEndian<quint64>(data) ^ crc);
+    return remainder(WORD_TABLE, qFromLittleEndian<quint64>(data) ^ crc);
 }
 
 } // namespace
 
 quint32 updatePortable(quint32 crc, const uchar* data, std::size_t length)
 {
-    constexpr std::size_t BLOCK = BRAIDS * WORD;
-    if (length >= 2 * BLOCK) {
-        quint32 braids[BRAIDS] = {crc};
-        for (; length >= 2 * BLOCK; data += BLOCK, length -= BLOCK) {
-            for (int i = 0; i < BRAIDS; ++i) {
-                braids[i] = ofWord(BLOCK_TABLE, qFromLittleEndian<quint64>(data + i * WORD) ^ braids[i]);
+    constexpr std::size_t ROW = COLUMNS * WORD;
+    if (length >= 2 * ROW) {
+        quint32 columns[COLUMNS] = {crc};
+        for (; length >= 2 * ROW; data += ROW, length -= ROW) {
+            for (int i = 0; i < COLUMNS; ++i) {
+                columns[i] = remainder(ROW_TABLE, qFromLittleEndian<quint64>(data + i * WORD) ^ columns[i]);
             }
         }
-        // The last block brings them together.
         crc = 0;
-        for (int i = 0; i < BRAIDS; ++i, data += WORD, length -= WORD) {
-            crc = nextWord(crc ^ braids[i], data);
+        for (int i = 0; i < COLUMNS; ++i, data += WORD, length -= WORD) {
+            crc = nextWord(crc ^ columns[i], data);
         }
     }
     for (; length >= WORD; data += WORD, length -= WORD) {
@@ -89,20 +89,21 @@ quint32 updatePortable(quint32 crc, const uchar* data, std::size_t length)
     return crc;
 }
 
-std::array<SPath, 4> paths()
+std::array<SRoutine, 4> routines()
 {
+    const SProcessor has = processor();
     return {{{"portable", updatePortable},
-             {"pclmulqdq", pathClmul()},
-             {"vpclmulqdq-avx2", pathVpclmul256()},
-             {"vpclmulqdq-avx512", pathVpclmul512()}}};
+             {"pclmulqdq", has.clmul ? CLMUL : nullptr},
+             {"vpclmulqdq-avx2", has.vpclmul256 ? VPCLMUL256 : nullptr},
+             {"vpclmulqdq-avx512", has.vpclmul512 ? VPCLMUL512 : nullptr}}};
 }
 
 quint32 update(quint32 crc, const uchar* data, std::size_t length)
 {
     static const Function fastest = [] {
         Function best = updatePortable;
-        for (const SPath& path : paths()) {
-            best = path.function ? path.function : best;
+        for (const SRoutine& routine : routines()) {
+            best = routine.function ? routine.function : best;
         }
         return best;
     }();

@@ -1,22 +1,35 @@
 #ifndef TLXCORE_CRC32FOLD_H
 #define TLXCORE_CRC32FOLD_H
 
-#include <core/text/Crc32.h>
-#include <core/text/Crc32Processor.h>
+#include <core/base/crc32/Crc32.h>
 
 #include <immintrin.h>
 
 /**
- * Folding with carry-less multiplication, for the source of one path. The source defines TLX_CRC32_TARGET, the
- * instruction set of its functions, before it includes this, and a class Wide:
+ * Folding with carry-less multiplication, for a source that is compiled for the instructions of its routine. Everything
+ * is in an anonymous namespace, and no inline function of a library is called: the linker must not take one that was
+ * compiled here for the rest of the program.
+ *
+ * A routine is folded() of a class Wide:
  *
  * - Type, a register of Wide::BYTES bytes, with load(), constants() and fold() on all its 128-bit parts;
+ * - withRegister(), which adds the CRC's register to the first 32 bits;
  * - last(), which folds those parts into one.
  *
  * A polynomial is kept as its bytes lie in memory: bit 0 of the first byte is the highest power. Folding a 128-bit
  * part over D bits is part.low * (x^(D+32) mod P) + part.high * (x^(D-32) mod P), both constants reflected and moved up
- * by one bit, since the product of two reflected numbers stands one bit too low.
+ * by one bit, since the product of two reflected numbers is one bit too low.
  */
+
+// Unrolled, the lanes of folded() are registers; in a loop they would be an array in memory.
+#if defined(Q_CC_CLANG)
+#define TLX_UNROLL _Pragma("unroll")
+#elif defined(Q_CC_GNU)
+#define TLX_UNROLL _Pragma("GCC unroll 8")
+#else
+#define TLX_UNROLL
+#endif
+
 namespace NCrc32 {
 namespace {
 
@@ -64,26 +77,26 @@ constexpr quint64 DIVISOR = static_cast<quint64>(POLYNOMIAL) << 1 | 1U;
 constexpr quint64 QUOTIENT = barrettQuotient();
 static_assert(OVER_16.low == 0x1751997D0U && OVER_16.high == 0x0CCAA009EU && OVER_8 == 0x163CD6124U
                   && DIVISOR == 0x1DB710641U && QUOTIENT == 0x1F7011641U,
-              "the constants known from the literature");
+              "the constants that Gopal et al. print for this polynomial");
 
-TLX_CRC32_TARGET inline __m128i pairOf(quint64 low, quint64 high)
+inline __m128i pairOf(quint64 low, quint64 high)
 {
     return _mm_set_epi64x(static_cast<long long>(high), static_cast<long long>(low));
 }
 
-TLX_CRC32_TARGET inline __m128i load16(const uchar* data)
+inline __m128i load16(const uchar* data)
 {
     return _mm_loadu_si128(reinterpret_cast<const __m128i*>(data));
 }
 
-TLX_CRC32_TARGET inline __m128i fold16(__m128i part, __m128i constants, __m128i next)
+inline __m128i fold16(__m128i part, __m128i constants, __m128i next)
 {
     return _mm_xor_si128(next, _mm_xor_si128(_mm_clmulepi64_si128(part, constants, 0x00),
                                              _mm_clmulepi64_si128(part, constants, 0x11)));
 }
 
 /// The register of 16 bytes, by Barrett's reduction.
-TLX_CRC32_TARGET inline quint32 reduced(__m128i part)
+inline quint32 reduced(__m128i part)
 {
     const __m128i lowWords = _mm_setr_epi32(-1, 0, -1, 0);
     const __m128i division = pairOf(DIVISOR, QUOTIENT);
@@ -103,8 +116,7 @@ alignas(16) constexpr uchar SHIFTS[48] = {
     0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80};
 
 /// Takes in the last 1 to 15 bytes; 16 bytes stand before them in memory.
-TLX_CRC32_TARGET inline __m128i foldTail(__m128i part, const uchar* data, std::size_t length,
-                                         __m128i constants)
+inline __m128i foldTail(__m128i part, const uchar* data, std::size_t length, __m128i constants)
 {
     const __m128i front = _mm_shuffle_epi8(part, load16(SHIFTS + length));
     const __m128i back = _mm_shuffle_epi8(part, load16(SHIFTS + 16 + length));
@@ -113,7 +125,7 @@ TLX_CRC32_TARGET inline __m128i foldTail(__m128i part, const uchar* data, std::s
 }
 
 /// Ends a computation: takes in what is left, of which 16 bytes and more have been taken in before.
-TLX_CRC32_TARGET inline quint32 finished(__m128i part, const uchar* data, std::size_t length)
+inline quint32 finished(__m128i part, const uchar* data, std::size_t length)
 {
     const __m128i constants = pairOf(OVER_16.low, OVER_16.high);
     for (; length >= 16; data += 16, length -= 16) {
@@ -127,7 +139,7 @@ TLX_CRC32_TARGET inline quint32 finished(__m128i part, const uchar* data, std::s
 
 /// Folds `LANES` registers at a time; at least that many bytes are there.
 template <typename Wide, int LANES>
-TLX_CRC32_TARGET quint32 folded(quint32 crc, const uchar* data, std::size_t length)
+quint32 folded(quint32 crc, const uchar* data, std::size_t length)
 {
     constexpr std::size_t BLOCK = static_cast<std::size_t>(LANES) * Wide::BYTES;
     typename Wide::Type lanes[LANES];
@@ -156,28 +168,28 @@ TLX_CRC32_TARGET quint32 folded(quint32 crc, const uchar* data, std::size_t leng
 }
 
 /// One 128-bit part.
-struct SWide16
+struct SPart16
 {
     using Type = __m128i;
     static constexpr int BYTES = 16;
 
-    TLX_CRC32_TARGET static Type load(const uchar* data) { return load16(data); }
-    TLX_CRC32_TARGET static Type constants(SFold fold) { return pairOf(fold.low, fold.high); }
-    TLX_CRC32_TARGET static Type fold(Type part, Type by, Type next) { return fold16(part, by, next); }
-    TLX_CRC32_TARGET static Type withRegister(Type first, quint32 crc)
+    static Type load(const uchar* data) { return load16(data); }
+    static Type constants(SFold fold) { return pairOf(fold.low, fold.high); }
+    static Type fold(Type part, Type by, Type next) { return fold16(part, by, next); }
+    static Type withRegister(Type first, quint32 crc)
     {
         return _mm_xor_si128(first, _mm_cvtsi32_si128(static_cast<int>(crc)));
     }
-    TLX_CRC32_TARGET static __m128i last(Type part) { return part; }
+    static __m128i last(Type part) { return part; }
 };
 
 /// Lengths that do not fill the wide registers.
-TLX_CRC32_TARGET inline quint32 updateShort(quint32 crc, const uchar* data, std::size_t length)
+inline quint32 updateShort(quint32 crc, const uchar* data, std::size_t length)
 {
     if (length >= 64) {
-        return folded<SWide16, 4>(crc, data, length);
+        return folded<SPart16, 4>(crc, data, length);
     }
-    return length >= 16 ? folded<SWide16, 1>(crc, data, length) : updatePortable(crc, data, length);
+    return length >= 16 ? folded<SPart16, 1>(crc, data, length) : updatePortable(crc, data, length);
 }
 
 } // namespace
