@@ -13,7 +13,7 @@
 namespace {
 
 // What a recursive walk meets: no hidden entries, pipes, devices and links to nothing.
-constexpr QDir::Filters WALKED = QDir::AllEntries | QDir::NoDotAndDotDot;
+constexpr QDir::Filters WALK_FILTERS = QDir::AllEntries | QDir::NoDotAndDotDot;
 
 // Qt takes an empty path for the current directory, and walks in circles below one that a zero character cuts.
 bool isPath(const QString& path)
@@ -80,7 +80,7 @@ bool removeFileOrLink(const QString& path)
 bool removeTree(const QString& directory)
 {
     const QFileInfoList entries =
-        QDir(directory).entryInfoList(WALKED | QDir::Hidden | QDir::System, QDir::Unsorted);
+        QDir(directory).entryInfoList(WALK_FILTERS | QDir::Hidden | QDir::System, QDir::Unsorted);
     for (const QFileInfo& entry : entries) {
         const QString path = entry.filePath();
         const bool isTree = entry.isDir() && !entry.isSymLink();
@@ -139,7 +139,7 @@ void walk(const QString& path, const QStringList& nameFilters, QDir::Filters fil
 }
 
 // What a walk cannot see below a directory would be missing in a copy.
-bool hidesEntries(const QFileInfo& directory)
+bool hasUnlistedEntries(const QFileInfo& directory)
 {
     return !directory.isReadable() || NPlatform::hasUnlistedEntry(directory.filePath());
 }
@@ -235,12 +235,12 @@ bool CDir::copyDirectoryRecursive(const QString& src, const QString& dst,
                                   const std::function<void(int, int)>& progress)
 {
     const QFileInfo source(src);
-    if (!isPath(src) || !isPath(dst) || (source.isDir() && hidesEntries(source))) {
+    if (!isPath(src) || !isPath(dst) || (source.isDir() && hasUnlistedEntries(source))) {
         return false;
     }
     // Absolute, since QDir leaves a relative path as it is.
     const QString root = source.canonicalFilePath();
-    const QFileInfoList entries = entryInfoListRecursive(root, {}, WALKED);
+    const QFileInfoList entries = entryInfoListRecursive(root, {}, WALK_FILTERS);
     const QString target = CPath::ensurePathSeparatorAtEnd(dst);
     int done = 0;
     for (const QFileInfo& entry : entries) {
@@ -248,7 +248,7 @@ bool CDir::copyDirectoryRecursive(const QString& src, const QString& dst,
         const QString copy = target + getRelativeSubPath(root, path);
         const bool copied = entry.isDir() ? copyDirectory(path, copy) : copyFile(path, copy);
         const bool isTree = entry.isDir() && !entry.isSymLink();
-        if (!copied || (isTree && hidesEntries(entry))) {
+        if (!copied || (isTree && hasUnlistedEntries(entry))) {
             return false;
         }
         progress(++done, entries.size());
@@ -321,13 +321,13 @@ QFileInfoList CDir::entryInfoListRecursive(const QString& path, const QStringLis
 QStringList CDir::listFilesAndDirectories(const QString& path)
 {
     QStringList paths{path};
-    walk(path, {}, WALKED, [&](const QString& entry, const QDirIterator&) { paths << entry; });
+    walk(path, {}, WALK_FILTERS, [&](const QString& entry, const QDirIterator&) { paths << entry; });
     return paths;
 }
 
 QFileInfoList CDir::listFileAndDirInfos(const QString& path)
 {
-    return QFileInfoList{QFileInfo(path)} + entryInfoListRecursive(path, {}, WALKED);
+    return QFileInfoList{QFileInfo(path)} + entryInfoListRecursive(path, {}, WALK_FILTERS);
 }
 
 bool CDir::removeFileOrDirectory(const QString& path)

@@ -13,7 +13,7 @@
  * user's trees of different tools are told apart by productName(), the name of the installation directory.
  *
  * Every directory is an absolute path that ends in "/", so that a file name can be appended. No function reports a
- * failure. A function that takes `createDirIfWanted` makes the missing directory when it is true, see
+ * failure. A function that takes `create` makes the missing directory when it is true, see
  * createDirIfWanted(); when it is false, nothing touches the disk.
  *
  * A "separator" is "/" or the platform's own QDir::separator(). A name that begins with ":" is a file name like any
@@ -70,21 +70,20 @@ public:
      */
     static QString userdataPath();
 
-    static QString binPath(bool createDirIfWanted); ///< "bin/" of the installation.
-    static QString
-    libPath(bool createDirIfWanted); ///< The same as binPath(): libraries lie beside the programs.
-    static QString etcPath(bool createDirIfWanted);         ///< "etc/" of the installation.
-    static QString txtPath(bool createDirIfWanted);         ///< "etc/txt/" of the installation.
-    static QString imagePath(bool createDirIfWanted);       ///< "etc/image/" of the installation.
-    static QString docPath(bool createDirIfWanted);         ///< "etc/doc/" of the installation.
-    static QString constConfigPath(bool createDirIfWanted); ///< "etc/conf/" of the installation.
-    static QString constDataPath(bool createDirIfWanted);   ///< "etc/data/" of the installation.
-    static QString configPath(bool createDirIfWanted);      ///< "conf/" of the user's application data.
-    static QString logPath(bool createDirIfWanted);         ///< "log/" of the user's application data.
-    static QString motorPath(bool createDirIfWanted);       ///< "motor/" of the user's documents.
-    static QString paramPath(bool createDirIfWanted);       ///< "param/" of the user's documents.
-    static QString dataPath(bool createDirIfWanted);        ///< "data/" of the user's documents.
-    static QString projectPath(bool createDirIfWanted);     ///< "project/" of the user's documents.
+    static QString binPath(bool create);   ///< "bin/" of the installation.
+    static QString libPath(bool create);   ///< The same as binPath(): libraries lie beside the programs.
+    static QString etcPath(bool create);   ///< "etc/" of the installation.
+    static QString txtPath(bool create);   ///< "etc/txt/" of the installation.
+    static QString imagePath(bool create); ///< "etc/image/" of the installation.
+    static QString docPath(bool create);   ///< "etc/doc/" of the installation.
+    static QString constConfigPath(bool create); ///< "etc/conf/" of the installation.
+    static QString constDataPath(bool create);   ///< "etc/data/" of the installation.
+    static QString configPath(bool create);      ///< "conf/" of the user's application data.
+    static QString logPath(bool create);         ///< "log/" of the user's application data.
+    static QString motorPath(bool create);       ///< "motor/" of the user's documents.
+    static QString paramPath(bool create);       ///< "param/" of the user's documents.
+    static QString dataPath(bool create);        ///< "data/" of the user's documents.
+    static QString projectPath(bool create);     ///< "project/" of the user's documents.
 
     /**
      * @brief Returns `path` unchanged; makes the directory, with its parents, when `create` is true and it is missing.

@@ -1,9 +1,9 @@
 #include <core/files/CTar.h>
 
 #include <core/files/Platform.h>
-#include <core/files/TarBlocks.h>
 #include <core/files/TarHeader.h>
 #include <core/files/TarIndex.h>
+#include <core/files/TarReadAhead.h>
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -51,11 +51,11 @@ CTar::~CTar() = default;
 bool CTar::loadFile(const QString& fileName)
 {
     mFile.close();
-    mIndex->clear();
+    mIndex = std::make_unique<TarIndex>();
     if (!open(fileName)) {
         return false;
     }
-    TarBlocks blocks(mFile);
+    TarReadAhead blocks(mFile);
     qint64 pos = 0;
     bool end = false;
     while (!end) {
@@ -83,7 +83,7 @@ QList<CTarFileInfo> CTar::infos() const
 
 CTarFileInfo CTar::info(int index) const
 {
-    return mIndex->contains(index) ? mIndex->info(index) : CTarFileInfo();
+    return isMember(index) ? mIndex->info(index) : CTarFileInfo();
 }
 
 int CTar::index(const QString& name) const
@@ -96,13 +96,14 @@ bool CTar::file(int index, QByteArray& data)
     if (!mFile.isOpen()) {
         return fail(QCoreApplication::translate("CTar", "ERROR: You must open an archive first !"));
     }
-    if (!mIndex->contains(index)) {
+    if (!isMember(index)) {
         return fail(
             QCoreApplication::translate("CTar", "ERROR: Index %1 must be between the limits 0 and %2. !")
                 .arg(index)
                 .arg(count()));
     }
-    return readData(mIndex->position(index) + BLOCK, mIndex->size(index), data);
+    const CTarFileInfo member = mIndex->info(index);
+    return readData(member.mPos + BLOCK, member.mSize, data);
 }
 
 bool CTar::file(const QString& name, QByteArray& data)
@@ -121,7 +122,7 @@ bool CTar::readFileHeader(qint64& pos, bool& end)
     if (!mFile.isOpen()) {
         return fail(mFile.errorString());
     }
-    TarBlocks blocks(mFile);
+    TarReadAhead blocks(mFile);
     return readHeader(blocks, pos, end);
 }
 
@@ -138,15 +139,17 @@ bool CTar::open(const QString& fileName)
     return true;
 }
 
-bool CTar::readHeader(TarBlocks& blocks, qint64& pos, bool& end)
+bool CTar::readHeader(TarReadAhead& blocks, qint64& pos, bool& end)
 {
-    if (!blocks.read(pos)) {
+    if (pos < 0) {
+        mFile.seek(pos); // sets the error
         return fail(mFile.errorString());
     }
-    if (blocks.count() < BLOCK) {
+    const qint64 count = blocks.read(pos);
+    if (count < BLOCK) {
         return fail(QCoreApplication::translate(
                         "CTar", "ERROR : The file ist too short. Only %1 bytes read but %2 expected !")
-                        .arg(blocks.count())
+                        .arg(count)
                         .arg(BLOCK));
     }
     const TarHeader header(blocks.data());
@@ -194,6 +197,11 @@ bool CTar::readData(qint64 start, qint64 size, QByteArray& data)
     return fail(QCoreApplication::translate("CTar", "ERROR: %1 bytes read but %2 are expected !")
                     .arg(count)
                     .arg(size));
+}
+
+bool CTar::isMember(int index) const
+{
+    return index >= 0 && index < count();
 }
 
 bool CTar::fail(const QString& error)

@@ -12,8 +12,8 @@
 
 #include <memory>
 
-class TarBlocks;
 class TarIndex;
+class TarReadAhead;
 
 /**
  * @brief Reads archives in the ustar interchange format (IEEE Std 1003.1) from a file.
@@ -98,8 +98,9 @@ private:
     Q_DISABLE_COPY(CTar)
 
     bool open(const QString& fileName);
-    bool readHeader(TarBlocks& blocks, qint64& pos, bool& end);
+    bool readHeader(TarReadAhead& blocks, qint64& pos, bool& end);
     bool readData(qint64 start, qint64 size, QByteArray& data);
+    bool isMember(int index) const;
     bool fail(const QString& error);
 
     QString mError;

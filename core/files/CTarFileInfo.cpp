@@ -3,6 +3,8 @@
 #include <QDebug>
 #include <QHash>
 
+#include <iterator>
+
 void CTarFileInfo::clear()
 {
     *this = CTarFileInfo();
@@ -19,14 +21,11 @@ bool operator!=(const CTarFileInfo& left, const CTarFileInfo& right)
     return !(left == right);
 }
 
-uint qHash(const CTarFileInfo& info, uint seed)
+uint qHash(const CTarFileInfo& info, uint seed) noexcept
 {
-    QtPrivate::QHashCombine combine;
-    for (const uint part : {::qHash(info.mType), ::qHash(info.mName), ::qHash(info.mLinkName),
-                            ::qHash(info.mSize), ::qHash(info.mPos)}) {
-        seed = combine(seed, part);
-    }
-    return seed;
+    const uint fields[] = {::qHash(info.mType), ::qHash(info.mName), ::qHash(info.mLinkName),
+                           ::qHash(info.mSize), ::qHash(info.mPos)};
+    return qHashRange(std::begin(fields), std::end(fields), seed);
 }
 
 QDebug operator<<(QDebug debug, const CTarFileInfo& info)

@@ -53,7 +53,7 @@ TLXCORE_EXPORT bool operator==(const CTarFileInfo& left, const CTarFileInfo& rig
 /// True when any field differs.
 TLXCORE_EXPORT bool operator!=(const CTarFileInfo& left, const CTarFileInfo& right);
 /// A hash over all fields.
-TLXCORE_EXPORT uint qHash(const CTarFileInfo& info, uint seed = 0);
+TLXCORE_EXPORT uint qHash(const CTarFileInfo& info, uint seed = 0) noexcept;
 /// Shows the type and all fields.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CTarFileInfo& info);
 

@@ -3,11 +3,7 @@
 #include <core/files/TarHeader.h>
 
 #include <QLatin1String>
-
-void TarIndex::clear()
-{
-    *this = TarIndex();
-}
+#include <QRandomGenerator>
 
 void TarIndex::append(const TarHeader& header, qint64 size, qint64 pos)
 {
@@ -15,20 +11,19 @@ void TarIndex::append(const TarHeader& header, qint64 size, qint64 pos)
     const QLatin1String link = header.linkName();
     mMembers.push_back({size, pos, mTexts.size(), static_cast<quint16>(name.size()),
                         static_cast<quint16>(link.size()), header.type()});
-    mTexts.insert(mTexts.end(), name.begin(), name.end());
-    mTexts.insert(mTexts.end(), link.begin(), link.end());
+    mTexts.append(name.begin(), name.end()).append(link.begin(), link.end());
 }
 
 CTarFileInfo TarIndex::info(int index) const
 {
-    const SMember& at = member(index);
-    const char* text = mTexts.data() + at.text;
+    const SMember& member = mMembers[static_cast<std::size_t>(index)];
+    const char* text = mTexts.data() + member.text;
     CTarFileInfo info;
-    info.mType = at.type;
-    info.mName = index < mNames.size() ? mNames.at(index) : QString::fromLatin1(text, at.nameLength);
-    info.mLinkName = QString::fromLatin1(text + at.nameLength, at.linkLength);
-    info.mSize = at.size;
-    info.mPos = at.pos;
+    info.mType = member.type;
+    info.mName = index < mNames.size() ? mNames.at(index) : QString::fromLatin1(text, member.nameLength);
+    info.mLinkName = QString::fromLatin1(text + member.nameLength, member.linkLength);
+    info.mSize = member.size;
+    info.mPos = member.pos;
     return info;
 }
 
@@ -42,21 +37,56 @@ QList<CTarFileInfo> TarIndex::infos() const
     return infos;
 }
 
-const QStringList& TarIndex::names() const
+const QStringList& TarIndex::names()
 {
-    if (mNames.isEmpty()) {
-        mNames.reserve(count());
-    }
+    mNames.reserve(count());
     for (int i = mNames.size(); i < count(); ++i) {
-        mNames.append(QString::fromLatin1(mTexts.data() + member(i).text, member(i).nameLength));
+        mNames.append(info(i).mName);
     }
     return mNames;
 }
 
-int TarIndex::find(const QString& name) const
+int TarIndex::find(const QString& name)
 {
-    if (!mLookup) {
-        mLookup = std::make_unique<TarNames>();
+    if (mHashed < count()) {
+        hashNames();
     }
-    return mLookup->find(names(), name);
+    return name.size() <= mKeys.size() ? indexOf(name, hashOf(name)) : -1;
+}
+
+void TarIndex::hashNames()
+{
+    if (mKeys.isEmpty()) {
+        mKeys.resize(TarHeader::BLOCK_SIZE); // a name ends with its header at the latest
+        QRandomGenerator::global()->fillRange(mKeys.data(), mKeys.size());
+    }
+    names();
+    mFirst.reserve(count());
+    for (; mHashed < count(); ++mHashed) {
+        const uint hash = hashOf(mNames.at(mHashed));
+        if (indexOf(mNames.at(mHashed), hash) < 0) {
+            mFirst.insert(hash, mHashed);
+        }
+    }
+}
+
+int TarIndex::indexOf(const QString& name, uint hash) const
+{
+    for (auto at = mFirst.constFind(hash); at != mFirst.cend() && at.key() == hash; ++at) {
+        if (mNames.at(at.value()) == name) {
+            return at.value();
+        }
+    }
+    return -1;
+}
+
+// Multilinear hashing (Carter and Wegman, "Universal Classes of Hash Functions", 1979): without the keys, nobody can
+// choose names that crowd. Qt's text hash has collisions that do not depend on its seed.
+uint TarIndex::hashOf(const QString& name) const
+{
+    quint64 sum = 0;
+    for (int i = 0; i < name.size(); ++i) {
+        sum += mKeys.at(i) * name.at(i).unicode();
+    }
+    return static_cast<uint>(sum >> 32);
 }

@@ -2,40 +2,37 @@
 #define TLXCORE_TARINDEX_H
 
 #include <core/files/CTarFileInfo.h>
-#include <core/files/TarNames.h>
 
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
-#include <memory>
+#include <string>
 #include <vector>
 
 class TarHeader;
 
 /**
- * What CTar knows of an archive's members. Most callers read a few of thousands, so loading keeps the texts in one
- * buffer, as the Latin-1 that they are; QStrings are made of them when somebody asks.
+ * What CTar knows of an archive's members. Most callers read a few of thousands, so loading keeps the texts as the Latin-1
+ * that they are; names() makes QStrings of them, and the first find() a hash of those.
  *
  * Functions that take an index expect one of 0 to count() - 1.
  */
 class TarIndex
 {
 public:
-    void clear();
     void append(const TarHeader& header, qint64 size, qint64 pos);
 
     int count() const { return static_cast<int>(mMembers.size()); }
-    bool contains(int index) const { return index >= 0 && index < count(); }
 
-    qint64 size(int index) const { return member(index).size; }
-    qint64 position(int index) const { return member(index).pos; }
     CTarFileInfo info(int index) const;
     QList<CTarFileInfo> infos() const;
-    const QStringList& names() const;
+    const QStringList& names();
 
     /// Index of the first member of this name, -1 when there is none.
-    int find(const QString& name) const;
+    int find(const QString& name);
 
 private:
     struct SMember
@@ -48,12 +45,16 @@ private:
         qint32 type;
     };
 
-    const SMember& member(int index) const { return mMembers[static_cast<std::size_t>(index)]; }
+    void hashNames();
+    int indexOf(const QString& name, uint hash) const;
+    uint hashOf(const QString& name) const;
 
     std::vector<SMember> mMembers;
-    std::vector<char> mTexts;
-    mutable QStringList mNames;                ///< Of the first members, as far as somebody asked for names.
-    mutable std::unique_ptr<TarNames> mLookup; ///< Made by the first find().
+    std::string mTexts;
+    QStringList mNames;           ///< Of the first members, as far as names were asked for.
+    QVector<quint64> mKeys;       ///< Random, of hashOf(): one for each character that a name can have.
+    QMultiHash<uint, int> mFirst; ///< Index of the first member of each name, by hashOf().
+    int mHashed = 0;              ///< Names that are in mFirst.
 };
 
 #endif // TLXCORE_TARINDEX_H

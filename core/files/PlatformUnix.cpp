@@ -34,16 +34,16 @@ bool makeTrash(const QString& dataDirectory)
            && makeOwnDirectory(trash + QLatin1String("/info"));
 }
 
-// Qt tries names for its note until one can be created, for ever when none can: read-only, full, name too long.
-bool takesNote(const QString& trash, const QString& name)
+// Qt tries names for its info file until one can be created, for ever when none can: read-only, full, name too long.
+bool canCreateInfoFile(const QString& trash, const QString& name)
 {
     const QString info = trash + QLatin1String("/info/");
-    QFile note(info + name + QLatin1String("-999999.probe.trashinfo"));
+    QFile file(info + name + QLatin1String("-999999.probe.trashinfo"));
     if (!QFileInfo(info).isDir()) {
         return true;
     }
-    const bool isCreated = note.open(QIODevice::WriteOnly | QIODevice::NewOnly);
-    note.remove();
+    const bool isCreated = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
+    file.remove();
     return isCreated;
 }
 
@@ -75,7 +75,7 @@ bool NPlatform::moveToTrash(const QString& path)
     }
     const QStringList trashes = possibleTrashes(path, data);
     for (const QString& trash : trashes) {
-        if (!takesNote(trash, QFileInfo(path).fileName())) {
+        if (!canCreateInfoFile(trash, QFileInfo(path).fileName())) {
             return false;
         }
     }
