@@ -5,11 +5,18 @@
 #include <QtGlobal>
 
 /**
- * @brief The units that the objects (parameters) of a drive carry.
+ * @brief The units of a drive's objects (parameters).
  *
- * A unit says more than a physical unit: it also fixes how the value is stored on the device, see
- * CUnitParser::type() and CUnitParser::size(). The numbers travel in parameter files; they never change. Any 32-bit
- * number may stand in an EObjectUnit: numbers above 125 are no unit at all.
+ * A unit is more than a physical unit: it also determines how the value is stored on the device, see
+ * CUnitParser::type() and CUnitParser::size(). The numbers travel in parameter files and never change. An EObjectUnit
+ * can hold any 32-bit number; numbers above 125 are unknown units.
+ *
+ * - A "fraction" is a signed 16-bit integer. The physical value of one step belongs to the drive; the catalogue does
+ *   not hold it.
+ * - A "user's unit" is a double in the unit in which the user enters the quantity.
+ * - The units from UNIT_Volt_per_Ampere on are doubles in the unit that the name spells. The last five have a letter for
+ *   a name: the catalogue fixes the letter, the number and the storage, and the drive's object what is measured.
+ * - Reserved units are stored as signed 32-bit integers (UNIT_res35: 16-bit).
  */
 namespace NUnits {
 
@@ -137,11 +144,11 @@ enum EObjectUnit : quint32
     UNIT_Revolutions_per_Seconds2 = 118,  ///< Revolutions per second squared.
     UNIT_Revolutions_per_Seconds3 = 119,  ///< Revolutions per second cubed.
     UNIT_Hertz = 120,                     ///< Hertz.
-    UNIT_A = 121,                         ///< Physical unit A.
-    UNIT_V = 122,                         ///< Physical unit V.
-    UNIT_W = 123,                         ///< Physical unit W.
-    UNIT_P = 124,                         ///< Physical unit P.
-    UNIT_J = 125                          ///< Physical unit J.
+    UNIT_A = 121,                         ///< The letter "A": a double.
+    UNIT_V = 122,                         ///< The letter "V": a double.
+    UNIT_W = 123,                         ///< The letter "W": a double.
+    UNIT_P = 124,                         ///< The letter "P": a double.
+    UNIT_J = 125                          ///< The letter "J": a double.
 };
 
 } // namespace NUnits
