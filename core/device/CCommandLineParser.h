@@ -11,12 +11,13 @@
 /**
  * @brief The arguments that a tool was started with, as a map from key to text, and the keys that the tools share.
  *
- * Arguments have the form key=value. Keys are case-sensitive; no prefix is removed ("-port=4000" has the key
- * "-port") and blanks belong to key and value. The last of several arguments with one key wins. What has no "=", or
+ * Arguments have the form key=value. Keys are case-sensitive. No prefix is removed: "-port=4000" has the key "-port".
+ * Blanks belong to key and value. The last of several arguments with one key wins. An argument without "=", or one that
  * begins with it, is ignored.
  *
- * The typed functions give 0 for a text that is no number of their width and sign; for an absent key too, except
- * where stated. Numbers are decimal, in the C locale.
+ * The typed functions parse decimal numbers in the C locale. They return 0 for a text that is not a 32-bit number of
+ * their sign, and for an absent key unless stated otherwise. A number within 32 bits is returned as it is: the tools
+ * define the ranges of addresses, user levels and device classes.
  *
  * @code
  * QStringList list{"tool", "drvadr=3", "port=0x1F40"};
@@ -27,48 +28,75 @@
 class TLXCORE_EXPORT CCommandLineParser
 {
 public:
-    /// The application's own arguments, the program's path included.
+    /// Takes the application's own arguments, the program's path included.
     CCommandLineParser();
 
-    /// The arguments of a list, the first included; null is an empty list.
+    /// Takes the arguments of a list, the first one included. A null pointer is an empty list.
     explicit CCommandLineParser(QStringList* list);
 
     CCommandLineParser(const CCommandLineParser& other) noexcept;
     CCommandLineParser& operator=(const CCommandLineParser& other) noexcept;
     virtual ~CCommandLineParser();
 
-    /// The map of a list of arguments of the form key=value; empty for null.
+    /// Returns the map of a list of arguments of the form key=value; empty for a null pointer.
     static QMap<QString, QString> argumentsMap(QStringList* list);
 
-    /// The same over the application's own arguments, the program's path included.
+    /// Returns the map of the application's own arguments, the program's path included.
     static QMap<QString, QString> argumentsMap();
 
     /**
-     * @brief The application's arguments in the form "-option word word".
+     * @brief Returns the map of the application's arguments of the form "-option word word".
      *
-     * Every argument that begins with `option`, but not the program's path, is a key. Its value is the arguments
-     * that follow it up to the next one that begins with "-", joined by blanks and trimmed at the ends: "-f" in
-     * "tool -files a b -v" gives "-files" with "a b". An empty option gives an empty map.
+     * Every argument that begins with `option`, except the program's path, is a key. Its value is the arguments that
+     * follow it up to the next one that begins with "-", joined by blanks and trimmed: "-f" in "tool -files a b -v"
+     * yields "-files" with "a b". An empty option yields an empty map.
      */
     static QMap<QString, QString> argumentsMap(const QString& option);
 
-    int count() const;                       ///< How many keys there are.
-    bool contains(const QString& key) const; ///< Whether the key is there, with or without a value.
-    QString value(const QString& key) const; ///< The key's value; empty when it is absent.
+    /// Returns the number of keys.
+    int count() const;
 
-    QString abAddress() const;  ///< "abadr": the bus address.
-    QString ip() const;         ///< "ip": the drive's network address.
-    QString serverName() const; ///< "server": the server's name.
-    int currentUnit() const;    ///< "cu": the current unit.
-    int userLevel() const;      ///< "level": the user level.
-    quint32 comAddress() const; ///< "comadr": the communication address.
-    quint32
-    deviceFunction() const;   ///< "df": the device function. Absent it is 0, unlike the two addresses below.
-    int powerAddress() const; ///< "powadr": the power module's address, -1 when absent.
-    int driveAddress() const; ///< "drvadr": the drive's address, -1 when absent.
-    quint32 deviceClass() const; ///< "devtype": the device class.
-    int port() const;            ///< "port": hexadecimal after "0x", else decimal.
-    QLocale language() const;    ///< "lang": the locale of that name; the C locale when empty or absent.
+    /// Returns true if the key is present, with or without a value.
+    bool contains(const QString& key) const;
+
+    /// Returns the key's value, or an empty text if it is absent.
+    QString value(const QString& key) const;
+
+    /// Returns "abadr", the bus address, as text.
+    QString abAddress() const;
+
+    /// Returns "ip", the drive's network address as text.
+    QString ip() const;
+
+    /// Returns "server", the server's name.
+    QString serverName() const;
+
+    /// Returns "cu", the number of the current unit.
+    int currentUnit() const;
+
+    /// Returns "level", the user level: any signed number, 0 if absent.
+    int userLevel() const;
+
+    /// Returns "comadr", the communication address.
+    quint32 comAddress() const;
+
+    /// Returns "df", the device function. If absent it is 0, unlike the two addresses below.
+    quint32 deviceFunction() const;
+
+    /// Returns "powadr", the power module's address, or -1 if absent.
+    int powerAddress() const;
+
+    /// Returns "drvadr", the drive's address, or -1 if absent.
+    int driveAddress() const;
+
+    /// Returns "devtype", the device class.
+    quint32 deviceClass() const;
+
+    /// Returns "port", a port number: hexadecimal after "0x", else decimal. It is not limited to 65535.
+    int port() const;
+
+    /// Returns the locale named by "lang"; the C locale if it is empty or absent.
+    QLocale language() const;
 
     /// Stores the language of a locale ("de" of "de_DE") under "lang".
     void setLanguage(const QLocale& locale);

@@ -37,10 +37,10 @@ class QDebug;
 class TLXCORE_EXPORT CDeviceHardwareId
 {
 public:
-    /// Nothing set: isEmpty().
+    /// Constructs an empty identifier.
     CDeviceHardwareId() = default;
 
-    /// Parses as setHardwareId() does; what was not understood shows in isValid().
+    /// Parses as setHardwareId() does. Check isValid().
     CDeviceHardwareId(const QString& text);
 
     CDeviceHardwareId(const CDeviceHardwareId&) = default;
@@ -56,18 +56,18 @@ public:
     /// The same as hardwareId().
     operator QString() const;
 
-    /// A fresh expression of the minimum form, for validators of input fields.
+    /// Returns a new expression of the minimum form, for validators of input fields.
     static QRegExp minimumRegExp();
-    /// A fresh expression of the short form.
+    /// Returns a new expression of the short form.
     static QRegExp shortRegExp();
-    /// A fresh expression of the full form.
+    /// Returns a new expression of the full form.
     static QRegExp fullRegExp();
 
-    /// Whether the whole text is of the minimum form, with exactly three digits a number. Allocates nothing.
+    /// Returns true if the whole text has the minimum form, with exactly three digits for each number. Does not allocate.
     static bool isMinimumHardwareId(const QString& text);
-    /// Whether the whole text is of the short form.
+    /// Returns true if the whole text has the short form.
     static bool isShortHardwareId(const QString& text);
-    /// Whether the whole text is of the full form.
+    /// Returns true if the whole text has the full form.
     static bool isFullHardwareId(const QString& text);
 
     /// Stored unchecked; a prefix of more than one character, or a digit, makes every form invalid.
@@ -84,12 +84,12 @@ public:
     bool setVersion(const QString& text);
     bool setRevision(const QString& text);
 
-    /// The number, 65535 when it is not set.
+    /// Returns the number, or 65535 if it is not set.
     unsigned short platform() const;
     unsigned short version() const;
     unsigned short revision() const;
 
-    /// The number in decimal, padded with "0" to three digits; empty when it is not set.
+    /// Returns the number in decimal, padded with "0" to three digits; empty if it is not set.
     QString platformStr() const;
     QString versionStr() const;
     QString revisionStr() const;
@@ -98,40 +98,40 @@ public:
     void setName(const QString& name);
     QString name() const;
 
-    /// Whether the whole text is one to three decimal digits: what every textual number must be.
+    /// Returns true if the whole text is one to three decimal digits, as every number in a text must be.
     bool checkIVR(const QString& text) const;
 
-    /// Whether the prefix is empty or one non-digit, and the platform is below 1000.
+    /// Returns true if the prefix is empty or one non-digit, and the platform is below 1000.
     bool isMinimumHardwareId() const;
-    /// Whether the version is below 1000, besides isMinimumHardwareId().
+    /// Returns true if isMinimumHardwareId(), and the version is below 1000.
     bool isShortHardwareId() const;
-    /// Whether the revision is below 1000, besides isShortHardwareId().
+    /// Returns true if isShortHardwareId(), and the revision is below 1000.
     bool isFullHardwareId() const;
 
-    /// The text of the form; empty when the value does not satisfy it.
+    /// Returns the text of the form; empty if the value does not have it.
     QString minimumHardwareId() const;
     QString shortHardwareId() const;
     QString fullHardwareId() const;
 
-    /// The text of the richest form that is satisfied, else the name alone.
+    /// Returns the text of the richest form that the value has, or the name alone.
     QString hardwareId() const;
 
-    /// Whether one of the forms is satisfied.
+    /// Returns true if the value has one of the forms.
     bool isValid() const;
-    /// Whether nothing is set.
+    /// Returns true if nothing is set.
     bool isEmpty() const;
     /// The same as isEmpty().
     bool isNull() const;
 
-    /// Nothing is set any more.
+    /// Resets all fields to "not set".
     void clear();
 
     /**
      * @brief Parses an identifier: an optional non-digit, up to three numbers of one to three digits with "_" between,
-     * and the rest behind a "_" as the name.
+     * and the rest after a "_" as the name.
      *
-     * @return True when the first number was understood, or for an empty text, which clears. False otherwise; then the
-     * numbers are not set and the name is empty, but a prefix that was found stays.
+     * @return true if the first number was parsed, or for an empty text, which clears. false otherwise; the numbers are not
+     * set and the name is empty then, but a prefix that was found stays.
      */
     bool setHardwareId(const QString& text);
 
@@ -155,9 +155,9 @@ Q_DECLARE_METATYPE(CDeviceHardwareId)
 /// Agrees with operator==.
 TLXCORE_EXPORT uint qHash(const CDeviceHardwareId& id, uint seed = 0) noexcept;
 
-/// Prefix as QString, the three numbers as signed 16-bit integers (not set is -1), name as QString.
+/// Writes the prefix as QString, the three numbers as signed 16-bit integers (-1: not set), then the name as QString.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceHardwareId& id);
-/// Reads what operator<< wrote. After a short stream the fields hold what Qt's readers leave: check the status.
+/// Reads what operator<< wrote. Check the stream's status.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceHardwareId& id);
 
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CDeviceHardwareId& id);

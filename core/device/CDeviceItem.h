@@ -13,11 +13,10 @@ class QDataStream;
 class QDebug;
 
 /**
- * @brief A device that can be reached over the network: address and port, texts and flags of the tools, and its
- * sub-devices by number.
+ * @brief A device that can be reached over the network: its address and port, texts and flags, and its sub-devices.
  *
- * A plain value: the fields are public and unchecked, isValid() says whether the device can be connected to. What the
- * further texts, flags and values mean is up to the tool that fills them.
+ * The fields are public and unchecked; isValid() returns whether the device can be connected to. The tool that fills the
+ * further texts, flags and values defines their meaning.
  *
  * @code
  * CDeviceItem item(QStringLiteral("Lift"), type, QHostAddress(QStringLiteral("192.168.0.7")), 1700, QString());
@@ -28,16 +27,16 @@ class QDebug;
 class TLXCORE_EXPORT CDeviceItem
 {
 public:
-    /// The kind of a host address. The tools define the kinds: any 32-bit value may stand here.
+    /// The kind of a host address. The tools define the kinds, so any 32-bit value is allowed.
     enum EHostAddrType : qint32
     {
         HOST_ADDR_NONE = 0 ///< Not set; such an item is not valid.
     };
 
-    /// Empty texts, a null address, numbers 0, flags false.
+    /// Constructs an item with empty texts, a null address, numbers 0 and flags false.
     CDeviceItem() = default;
 
-    /// Sets these five fields; the others are as in a default item.
+    /// Constructs an item with these five fields; the others are as in a default item.
     CDeviceItem(const QString& deviceName, EHostAddrType type, const QHostAddress& address,
                 unsigned short devicePort, const QString& text);
 
@@ -45,31 +44,31 @@ public:
     CDeviceItem(const CDeviceItem& other) noexcept;
     CDeviceItem& operator=(const CDeviceItem& other) noexcept;
 
-    /// The name of the device's configuration.
+    /// Returns or sets the name of the device's configuration.
     QString configurationName() const;
     void setConfigurationName(const QString& configurationName);
 
-    /// Whether address, port, hostAddrType and value2 are all set (not null, not 0).
+    /// Returns true if address, port, hostAddrType and value2 are all set: not null and not 0.
     bool isValid() const;
 
-    /// Stores a copy under `key`, in place of the first one there, and sets its number to `key`.
+    /// Stores a copy under `key` and sets the copy's number to `key`. Replaces the first entry under this key.
     void addSubDevice(unsigned char key, const CSubDeviceItem& subDevice);
 
     /// Compares all fields; the sub-devices in order, with their keys.
     bool operator==(const CDeviceItem& other) const;
     bool operator!=(const CDeviceItem& other) const;
 
-    unsigned int number = 0; ///< Device number; set to the key where the item is added to a list.
+    unsigned int number = 0; ///< Device number. CDeviceList::addDevice() sets it to the key.
     QString name;            ///< Device name.
-    EHostAddrType hostAddrType = HOST_ADDR_NONE; ///< Kind of address; not valid while it is not set.
-    QHostAddress hostAddress;                    ///< Null: not set.
-    unsigned short port = 0;                     ///< 0: not set.
-    QString extraText;  ///< Of the tools' own meaning, as the four fields that follow.
-    QString extraText2; ///< See extraText.
-    bool flag1 = false; ///< See extraText.
-    bool flag2 = false; ///< See extraText.
-    qint32 value1 = 0;  ///< See extraText.
-    qint32 value2 = 0;  ///< 0: the item is not valid.
+    EHostAddrType hostAddrType = HOST_ADDR_NONE; ///< Kind of the address. Unset: the item is not valid.
+    QHostAddress hostAddress;                    ///< Network address. Null: not set.
+    unsigned short port = 0;                     ///< TCP or UDP port, 1 to 65535. 0: not set.
+    QString extraText;                           ///< Free for the tools, as are the four fields that follow.
+    QString extraText2;                          ///< See extraText.
+    bool flag1 = false;                          ///< See extraText.
+    bool flag2 = false;                          ///< See extraText.
+    qint32 value1 = 0;                           ///< See extraText.
+    qint32 value2 = 0;                           ///< Free for the tools. 0: the item is not valid.
     QMap<unsigned char, CSubDeviceItem> subDevices; ///< By number, ascending.
 
 private:
@@ -85,7 +84,7 @@ Q_DECLARE_METATYPE(CDeviceItem)
 /// Agrees with operator==.
 TLXCORE_EXPORT uint qHash(const CDeviceItem& item, uint seed = 0) noexcept;
 
-/// A signed 32-bit integer.
+/// Writes or reads the kind as a signed 32-bit integer.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceItem::EHostAddrType& type);
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceItem::EHostAddrType& type);
 
@@ -93,16 +92,14 @@ TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceItem::EHostAd
  * @brief Writes number, name, hostAddrType, hostAddress, port (16 bits), extraText, extraText2, configurationName, flag1,
  * flag2 (a byte each), value1, value2 and the sub-devices.
  *
- * Integers are of 32 bits where nothing is said; texts, address and map are in Qt's formats, the map with its keys as
- * one byte, the highest first.
+ * The other integers have 32 bits. Texts, address and map are in Qt's formats, the map with one-byte keys, highest first.
  */
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceItem& item);
 /**
  * @brief Reads what operator<< wrote. Several sub-devices under one key stay, and a sub-device's number may differ from
  * its key.
  *
- * After a short or damaged stream the status says so; then the sub-devices are empty, if it is they that could not be
- * read.
+ * A truncated or damaged stream sets the stream's status. If it ends within the sub-devices, the item has none.
  */
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceItem& item);
 

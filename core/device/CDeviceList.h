@@ -12,64 +12,63 @@ class QDataStream;
 class QDebug;
 
 /**
- * @brief A named list of devices by device number, to be kept, exchanged and compared.
+ * @brief A named list of devices, ordered by device number.
  *
- * A number has one entry, except after unite() or in a list read from a stream, which may leave several: then the first
- * one is what device() gives and addDevice() replaces, removeDevice() removes all, and size() and the stream count each.
+ * A number has one entry, except after unite() or in a list read from a stream. If it has several, device() returns the
+ * first one, addDevice() replaces the first one, removeDevice() removes all, and size() and the stream count each.
  *
- * `devices` is a QMap, whose insert() replaces as callers of an ordinary map expect. Code that adds entries beside others
- * of the same key does so through a QMultiMap made from it, as unite() does.
+ * `devices` is a QMap, whose insert() replaces. Code that adds a second entry under one key uses a QMultiMap made from it.
  *
  * @code
  * CDeviceList list(QStringLiteral("Hall 3"), CDeviceList::SOURCE_NONE);
  * list.addDevice(5, item);         // the copy's number is 5
- * list.device(7).isValid();        // false: there is none
+ * list.device(7).isValid();        // false: no such device
  * @endcode
  */
 class TLXCORE_EXPORT CDeviceList
 {
 public:
-    /// Where a list came from. The tools define the sources: any 32-bit value may stand here.
+    /// Where a list came from. The tools define the sources, so any 32-bit value is allowed.
     enum ESourceType : qint32
     {
         SOURCE_NONE = 0 ///< Not set.
     };
 
-    /// Without name, source and devices.
+    /// Constructs a list without name, source and devices.
     CDeviceList() = default;
 
-    /// Without devices.
+    /// Constructs a named list without devices.
     CDeviceList(const QString& listName, ESourceType type);
 
     /// Shares name and devices. Moving does the same: what was moved from keeps them.
     CDeviceList(const CDeviceList& other) noexcept;
     CDeviceList& operator=(const CDeviceList& other) noexcept;
 
-    /// The number of entries, each of several under one number counted.
+    /// Returns the number of entries. Several entries under one number count each.
     int size() const;
     /// The same as size().
     int count() const;
 
-    /// Whether there is an entry of this number.
+    /// Returns true if the list has an entry of this number.
     bool contains(unsigned int number) const;
 
-    /// A copy of the first entry of this number; a default item, which is not valid, where there is none.
+    /// Returns a copy of the first entry of this number, or a default item, which is not valid.
     CDeviceItem device(unsigned int number) const;
 
-    /// Stores a copy under `number`, in place of the first entry there, and sets the copy's number to `number`.
+    /// Stores a copy under `number` and sets the copy's number to `number`. Replaces the first entry of this number.
     void addDevice(unsigned int number, const CDeviceItem& item);
 
     /// Removes every entry of this number.
     void removeDevice(unsigned int number);
 
     /**
-     * @brief Adds every entry of `other` in front of those of the same number here, and replaces none.
+     * @brief Adds every entry of `other` before those of the same number here, and replaces none.
      *
-     * The items come as they are, name and source of this list stay. A list united with itself has every entry twice.
+     * The items are not changed; name and source of this list stay. A list united with itself has every entry twice.
      */
     void unite(const CDeviceList& other);
 
-    /// Removes all devices; name and source stay.
+    /// Removes all devices. Name and source stay.
     void clear();
 
     /// Compares name, source and the devices in order, with their keys.
@@ -87,16 +86,17 @@ Q_DECLARE_METATYPE(CDeviceList)
 /// Agrees with operator==.
 TLXCORE_EXPORT uint qHash(const CDeviceList& list, uint seed = 0) noexcept;
 
-/// A signed 32-bit integer.
+/// Writes or reads the source as a signed 32-bit integer.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceList::ESourceType& type);
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceList::ESourceType& type);
 
-/// The name as QString, the source as a 32-bit integer, the devices in Qt's format of a map, the highest key first.
+/// Writes the name as QString, the source as a 32-bit integer, then the devices in Qt's map format, highest key first.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceList& list);
 /**
  * @brief Reads what operator<< wrote. Several entries under one key stay, and an item's number may differ from its key.
  *
- * After a short or damaged stream the status says so, and there are no devices. The declared count reserves nothing.
+ * A truncated or damaged stream sets the stream's status and leaves no devices. No memory is reserved for the declared
+ * count.
  */
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceList& list);
 

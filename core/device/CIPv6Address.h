@@ -17,11 +17,11 @@ class QDebug;
  * @brief An IPv6 address as the drives hold it: 16 bytes, eight groups of 16 bits in textual order, each group with its low
  * byte first.
  *
- * That is not network byte order, and it is what byteArray(), the conversion to QVariant and the stream show.
+ * This storage order is not network byte order. byteArray(), the conversion to QVariant and the stream use it.
  *
  * The textual form is eight groups of hexadecimal digits with ":" between (the long form of RFC 4291). "::" is not expanded:
  * a text of fewer than eight parts is accepted and changes nothing, and an empty part of an eight-part text keeps its group.
- * Clear the object first where a defined result is needed.
+ * Call clear() first for a defined result.
  *
  * @code
  * CIPv6Address address(QStringLiteral("FE80:0000:0:0:0:0:0:0001"));
@@ -32,10 +32,10 @@ class QDebug;
 class TLXCORE_EXPORT CIPv6Address
 {
 public:
-    /// All bytes 0.
+    /// Constructs an address of zero bytes.
     CIPv6Address() = default;
 
-    /// As the setAddress() of the same argument, from all bytes 0.
+    /// Calls setAddress() with the same argument on an address of zero bytes.
     CIPv6Address(const QByteArray& bytes);
     CIPv6Address(const unsigned char* bytes);
     CIPv6Address(const QVariant& variant);
@@ -48,7 +48,7 @@ public:
     CIPv6Address& operator=(const CIPv6Address&) = default;
     CIPv6Address& operator=(CIPv6Address&&) = default;
 
-    /// As the setAddress() of the same argument.
+    /// Calls setAddress() with the same argument.
     CIPv6Address& operator=(const QByteArray& bytes);
     CIPv6Address& operator=(const QVariant& variant);
     CIPv6Address& operator=(const QString& text);
@@ -59,34 +59,34 @@ public:
     /// Copies 16 bytes, which may be this object's own; a null pointer changes nothing.
     void setAddress(const unsigned char* bytes);
 
-    /// Takes a variant's byte array as above; a variant of any other type, a text included, sets all bytes to 0.
+    /// Takes a variant's byte array as above. A variant of any other type, a text included, sets all bytes to 0.
     void setAddress(const QVariant& variant);
 
     /**
      * @brief Parses a text: one to four hexadecimal digits or a lone ":", then up to seven times ":" and up to four digits.
      *
-     * @return True for such a text, also when it has not eight parts and so changes nothing. False for any other: then all
-     * bytes are 0 and a warning is logged.
+     * @return true for such a text, also if it has fewer than eight parts and changes nothing. false for any other text;
+     * all bytes are 0 then, and a warning is logged.
      */
     bool setAddress(const QString& text);
 
-    /// A byte array of the 16 bytes.
+    /// Returns the 16 bytes as a byte array.
     operator QVariant() const;
 
     /// The same as str().
     operator QString() const;
 
-    /// The 16 bytes in storage order.
+    /// Returns the 16 bytes in storage order.
     QByteArray byteArray() const;
 
-    /// The byte at an index from 0 to 15, which is not checked.
+    /// Returns the byte at `index`, which must be 0 to 15.
     unsigned char& operator[](int index);
     const unsigned char& operator[](int index) const;
 
     /// Sets all bytes to 0.
     void clear();
 
-    /// Eight groups in lower-case hexadecimal without leading zeros; no group is left out.
+    /// Returns eight groups in lower-case hexadecimal without leading zeros. No group is omitted.
     QString str() const;
 
     /// Compares the 16 bytes.
@@ -102,9 +102,9 @@ Q_DECLARE_METATYPE(CIPv6Address)
 /// Agrees with operator==.
 TLXCORE_EXPORT uint qHash(const CIPv6Address& address, uint seed = 0) noexcept;
 
-/// The 16 bytes in storage order, nothing else.
+/// Writes the 16 bytes in storage order, nothing else.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CIPv6Address& address);
-/// Reads 16 bytes; those that a short stream lacks are 0: check the status.
+/// Reads 16 bytes. Bytes missing from a truncated stream are 0; check the stream's status.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CIPv6Address& address);
 
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CIPv6Address& address);

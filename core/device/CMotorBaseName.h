@@ -13,10 +13,10 @@ class QDebug;
 /**
  * @brief The base name of a motor's parameter file: manufacturer, motor name and number, joined by "_".
  *
- * A part is one or more ASCII letters, digits, "-", "&" or "+", and may be followed by a tab and a carriage return, which
- * stay in it. With the flag `numeric` the number is a single digit or empty. The setters check, the constructor from
- * three parts and the stream do not; isValid() says whether the whole name is one. The flag belongs to the object, not to
- * the name: assignment, comparison and the stream leave it out.
+ * A part is one or more ASCII letters, digits, "-", "&" or "+". A tab and a carriage return may follow; they are kept.
+ * With the flag `numeric` the number is a single digit or empty. The setters check their argument; the constructor from
+ * three parts and the stream do not. isValid() checks the whole name. The flag belongs to the object, not to the name:
+ * assignment, comparison and the stream omit it.
  *
  * @code
  * const CMotorBaseName motor(QStringLiteral("C:/motors/ACME_M100_1"), false);
@@ -27,16 +27,16 @@ class QDebug;
 class TLXCORE_EXPORT CMotorBaseName
 {
 public:
-    /// Empty, any number.
+    /// Constructs an empty name that takes any number.
     CMotorBaseName() = default;
 
-    /// Empty; `numeric` says whether the number must be numeric.
+    /// Constructs an empty name. `numeric` restricts the number to a single digit.
     explicit CMotorBaseName(bool numeric);
 
-    /// Stores the parts unchecked. Logs a warning when `numeric` is true and checkNumber() refuses the number.
+    /// Stores the parts unchecked. Logs a warning if `numeric` is true and checkNumber() rejects the number.
     CMotorBaseName(const QString& manufacturer, const QString& name, const QString& number, bool numeric);
 
-    /// Parses as setFileBaseName() does; what was not understood shows in isEmpty() and isValid().
+    /// Parses as setFileBaseName() does. Check isEmpty() and isValid().
     CMotorBaseName(const QString& fileName, bool numeric);
 
     /// Copies the parts and the flag.
@@ -56,53 +56,53 @@ public:
     static QString defaultMotorBaseName();
 
     /**
-     * @brief A fresh expression of the whole name, not sensitive to case.
+     * @brief Returns a new expression that matches a whole name, case-insensitively.
      *
-     * Being so, it also takes the letters whose other case is an ASCII letter (U+0131, U+017F, U+212A). With `numeric` the
-     * number is one or more digits.
+     * Case-insensitive matching therefore also accepts U+0131, U+017F and U+212A. With `numeric` the number is one or
+     * more digits.
      */
     static QRegExp fullRegExp(bool numeric);
 
-    /// Whether the file name, without its directory and all that follows its first ".", is a motor base name.
+    /// Returns true if the file name, without its directory and everything from its first "." on, is a motor base name.
     static bool isValid(const QString& fileName, bool numeric);
 
-    /// Whether the whole text is one or more decimal digits (ASCII).
+    /// Returns true if the whole text is one or more decimal digits (ASCII).
     bool checkNumber(const QString& number) const;
 
-    /// Stores the part and is true if the text is one; otherwise false, and the part stays as it was.
+    /// Stores the part and returns true if the text is a valid part; otherwise returns false and changes nothing.
     bool setManufacturer(const QString& manufacturer);
     bool setName(const QString& name);
-    /// With the flag, only an empty text or a single digit is a number.
+    /// As above. With the flag `numeric`, only an empty text or a single digit is valid.
     bool setNumber(const QString& number);
 
-    /// The text stored.
+    /// Returns the stored text.
     QString manufacturer() const;
     QString name() const;
-    /// The number's text, "0" when it is empty.
+    /// Returns the number's text, or "0" if it is empty.
     QString number() const;
 
-    /// The number, -1 when it is empty or not a signed 32-bit integer in base 10.
+    /// Returns the number, or -1 if it is empty or not a signed 32-bit integer in base 10.
     qint32 numberAsI32() const;
 
-    /// The parts joined by "_"; empty when all three are empty.
+    /// Returns the parts joined by "_", or an empty text if all three are empty.
     QString fileBaseName() const;
 
-    /// Whether fullRegExp() of this object's flag matches fileBaseName().
+    /// Returns true if fullRegExp() with this object's flag matches fileBaseName().
     bool isValid() const;
-    /// Whether all three parts are empty.
+    /// Returns true if all three parts are empty.
     bool isEmpty() const;
     /// The same as isEmpty().
     bool isNull() const;
 
-    /// Empties the three parts.
+    /// Clears the three parts; the flag stays.
     void clear();
 
     /**
      * @brief Splits a file name, with or without a directory, into the three parts.
      *
-     * A file name that is not a motor base name, one with an extension included, leaves the object empty and is no
-     * failure. False only when fullRegExp() takes the name and a setter refuses a part, which then stays empty with all
-     * that follow it: a number of more than one digit with the flag, or a letter that is not ASCII.
+     * @return true also for a file name that is not a motor base name, for example one with an extension; the object is
+     * empty then. false only if fullRegExp() matches and a setter rejects a part: a number of more than one digit with the
+     * flag, or a letter outside ASCII. That part and all after it are empty then.
      */
     bool setFileBaseName(const QString& fileName);
 
@@ -126,9 +126,9 @@ Q_DECLARE_METATYPE(CMotorBaseName)
 /// Agrees with operator==.
 TLXCORE_EXPORT uint qHash(const CMotorBaseName& motor, uint seed = 0) noexcept;
 
-/// Manufacturer, name and number as stored, each as QString; not the flag.
+/// Writes manufacturer, name and number, each as QString; not the flag.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CMotorBaseName& motor);
-/// Reads what operator<< wrote, unchecked; the flag stays. After a short stream check the status.
+/// Reads what operator<< wrote, unchecked; the flag stays. Check the stream's status.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CMotorBaseName& motor);
 
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CMotorBaseName& motor);

@@ -19,18 +19,18 @@ class QDebug;
 class TLXCORE_EXPORT CSubDeviceItem
 {
 public:
-    /// Number 0, named "Tollan Sub-Device".
+    /// Constructs number 0, named "Tollan Sub-Device".
     CSubDeviceItem();
 
-    /// Number 0 and this name.
+    /// Constructs number 0 with this name.
     CSubDeviceItem(const QString& subDeviceName);
 
     /// Compares both fields.
     bool operator==(const CSubDeviceItem& other) const;
     bool operator!=(const CSubDeviceItem& other) const;
 
-    unsigned char number = 0; ///< Set to the key where the sub-device is added to an item.
-    QString name;             ///< What is displayed.
+    unsigned char number = 0; ///< Sub-device number. CDeviceItem::addSubDevice() sets it to the key.
+    QString name;             ///< Display name.
 };
 
 Q_DECLARE_TYPEINFO(CSubDeviceItem, Q_MOVABLE_TYPE);
@@ -39,9 +39,9 @@ Q_DECLARE_METATYPE(CSubDeviceItem)
 /// Agrees with operator==.
 TLXCORE_EXPORT uint qHash(const CSubDeviceItem& item, uint seed = 0) noexcept;
 
-/// The number as one byte, the name as QString.
+/// Writes the number as one byte, then the name as QString.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CSubDeviceItem& item);
-/// Reads what operator<< wrote; an empty name stays empty. After a short stream check the status.
+/// Reads what operator<< wrote; an empty name stays empty. Check the stream's status.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CSubDeviceItem& item);
 
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CSubDeviceItem& item);
