@@ -31,16 +31,16 @@ class QDebug;
 class TLXCORE_EXPORT CDateTime
 {
 public:
-    /// A null date-time in local time.
+    /// Constructs a null date-time in local time.
     CDateTime();
 
     /// Wraps `dateTime` as it is.
     CDateTime(const QDateTime& dateTime);
 
-    /// From the packed form, whose fields are wall-clock fields in `spec`.
+    /// Constructs a date-time from the packed form, whose fields are wall-clock fields in `spec`.
     CDateTime(const long long& packed, Qt::TimeSpec spec);
 
-    /// From a record, whose fields are wall-clock fields in `spec`.
+    /// Constructs a date-time from a record, whose fields are wall-clock fields in `spec`.
     CDateTime(const NTypes::tsDateTime& record, Qt::TimeSpec spec);
 
     CDateTime(const CDateTime& other) = default;
@@ -70,42 +70,42 @@ public:
     /**
      * @brief Converts into `spec`: the instant stays, the fields change. The same time spec changes nothing.
      *
-     * As with QDateTime, Qt::OffsetFromUTC gives UTC and Qt::TimeZone local time, and the fields of a date-time that
-     * is not valid stay.
+     * As with QDateTime, Qt::OffsetFromUTC means UTC and Qt::TimeZone local time. The fields of a date-time that is not
+     * valid stay.
      */
     void setTimeSpec(Qt::TimeSpec spec);
 
-    /// The time spec held.
+    /// Returns the time spec held.
     Qt::TimeSpec timeSpec() const;
 
-    /// True when neither a date nor a time is held.
+    /// Returns true if neither a date nor a time is held.
     bool isNull() const;
 
-    /// True for an existing date and time of day in the time spec held.
+    /// Returns true for an existing date and time of day in the time spec held.
     bool isValid() const;
 
-    /// The date-time converted into `spec`.
+    /// Returns the date-time converted into `spec`.
     QDateTime toQDateTime(Qt::TimeSpec spec) const;
 
-    /// ISO 8601 text in `spec`, to the second: "2024-03-05T13:07:09Z" in UTC, no suffix in local time. Empty when
-    /// not valid.
+    /// Returns ISO 8601 text in `spec`, to the second: "2024-03-05T13:07:09Z" in UTC, no suffix in local time. Empty
+    /// if not valid.
     QString toIsoDateTime(Qt::TimeSpec spec) const;
 
     /**
-     * @brief The packed form of the fields in `spec`. Milliseconds below a hundredth are dropped, and so is of the
-     * year what exceeds 16 bits.
+     * @brief Returns the packed form of the fields in `spec`. Truncated to hundredths; only the low 16 bits of the year are
+     * kept.
      *
      * Without a date its fields are 0; without a time hour, minute and second are 0xFF each, the hundredths 0.
      */
     unsigned long long toI64(Qt::TimeSpec spec) const;
 
-    /// The packed form as 8 bytes, little-endian: the hundredths first, the high byte of the year last.
+    /// Returns the packed form as 8 bytes, little-endian: the hundredths first, the high byte of the year last.
     QByteArray toI64ByteArray(Qt::TimeSpec spec) const;
 
-    /// From the first 8 bytes of `bytes`, little-endian; missing bytes count as zero.
+    /// Returns the date-time of the first 8 bytes of `bytes`, little-endian. Missing bytes count as zero.
     static CDateTime fromI64ByteArray(const QByteArray& bytes, Qt::TimeSpec spec);
 
-    /// Comparisons of instants, whatever the time specs; those of QDateTime.
+    /// Compares instants, whatever the time specs, as QDateTime does.
     bool operator==(const CDateTime& other) const;
     bool operator!=(const CDateTime& other) const;
     bool operator<(const CDateTime& other) const;
@@ -124,12 +124,12 @@ private:
     QDateTime mDateTime;
 };
 
-/// Writes the date-time in QDateTime's stream format of the stream's version; a null one for a time zone that there is
-/// not.
+/// Writes the date-time in QDateTime's stream format of the stream's version; a null date-time if the zone is unknown on
+/// this system.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime);
 
-/// Reads QDateTime's stream format. A stream that ends early says so in its status and leaves what QDateTime leaves; a
-/// time spec or a name of a time zone that is none sets ReadCorruptData and leaves a null date-time.
+/// Reads QDateTime's stream format. A truncated stream sets its status and leaves what QDateTime leaves. An unknown time
+/// spec or time zone sets ReadCorruptData and leaves a null date-time.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime);
 
 /// Equal for equal instants.

@@ -9,8 +9,8 @@
  * @brief Decimal rounding in three directions, powers of ten, a plausibility test for doubles and the CRC-32 that
  * every checksum of bytes in the tools uses.
  *
- * Static functions only, no state. The rounding functions take the number of decimal digits to keep; a factor of
- * ten that leaves the range of a double gives 0 where it would be a divisor of 0.
+ * Static functions only, no state. The rounding functions take the number of decimal digits to keep. A power of ten out of
+ * the range of a double yields 0 where it would be a divisor of 0.
  *
  * @code
  * CMath::round(-2.5, 0);            // -3: half away from zero
@@ -29,7 +29,7 @@ public:
      * @brief Rounds to `digits` decimals, half away from zero: trunc(value * 10^digits + 0.5) / 10^digits, with
      * - 0.5 for a value that is not above zero.
      *
-     * The truncation goes through a signed 64-bit number: NaN and magnitudes of 2^63 / 10^digits and more give
+     * The truncation goes through a signed 64-bit number: NaN and magnitudes of 2^63 / 10^digits and more become
      * -2^63 / 10^digits.
      */
     static double round(double value, unsigned int digits);
@@ -37,32 +37,33 @@ public:
     /**
      * @brief Rounds to `digits` decimals toward minus infinity: floor(value * 10^digits) / 10^digits.
      *
-     * A product that leaves the range of a double gives the infinity of its sign; more than 308 digits, for which
-     * 10^digits leaves it, give NaN.
+     * A product out of the range of a double becomes the infinity of its sign. More than 308 digits, for which 10^digits is
+     * out of that range, yield NaN.
      */
     static double roundOff(double value, unsigned int digits);
 
     /// Rounds to `digits` decimals toward plus infinity: ceil(value * 10^digits) / 10^digits; else like roundOff().
     static double roundUp(double value, unsigned int digits);
 
-    /// 10 to the power of `exponent`, negative exponents included; infinity or 0 beyond the range of a double.
+    /// Returns 10 to the power of `exponent`, which may be negative; infinity or 0 beyond the range of a double.
     static double exp10(int exponent);
 
     /**
-     * @brief Whether eight bytes look like a double that a drive could have meant.
+     * @brief Plausibility check: returns false for ±inf, NaN and, in the two extreme exponents, for low words beyond a limit.
      *
-     * @param data An IEEE-754 double in little-endian order, at any address; a null pointer gives false.
-     * @return False for infinity and NaN and for part of the values with the largest and the smallest exponent, of
-     * which only the low mantissa word is looked at; true for everything else, zero and subnormal numbers included.
+     * With the largest finite exponent the limit is above 0xD7B9609A, with the smallest normal one at most 0x1111E1E4. Only
+     * the low word of the mantissa is compared. Everything else is plausible, zero and subnormal numbers included.
+     *
+     * @param data An IEEE 754 double in little-endian order, at any address; a null pointer yields false.
      */
     static bool checkDouble(const void* data);
 
     /**
-     * @brief The CRC-32 of Ethernet, zip and PNG (polynomial 0x04C11DB7, reflected, initial value and final
+     * @brief Returns the CRC-32 of Ethernet, zip and PNG (polynomial 0x04C11DB7, reflected, initial value and final
      * exclusive-or 0xFFFFFFFF).
      *
      * @param data The bytes, at any address.
-     * @param length Their number; below 1, or with a null pointer, the result is 0.
+     * @param length Their number. Below 1, or with a null pointer, the result is 0.
      */
     static quint32 crc32(const void* data, int length);
 };

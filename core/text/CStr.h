@@ -13,15 +13,15 @@ class QByteArray;
 class QDataStream;
 
 /**
- * @brief Range-checked numbers from text, fixed-point texts, the names of the value types, and the fixed phrasings in
- * which the tools show versions, titles, devices, revisions, serial numbers and memory sizes.
+ * @brief Parses numbers with a range check and holds the phrasings that the tools share: type names, versions, titles,
+ * devices, revisions, serial numbers, memory sizes and log file names.
  *
- * Static functions only, no state. Phrasings are filled placeholder by placeholder: a text that itself contains "%1"
- * takes the place of a placeholder for the texts that follow it.
+ * Static functions only, no state. A template is filled one placeholder at a time: a "%1" inside an argument is replaced
+ * by the next argument.
  *
- * Numbers are read without any locale, with a point, as QString reads them: blanks
- * around the number are allowed, and base 0 obeys the prefixes "0x" (hexadecimal) and "0" (octal). A number that the
- * type cannot hold and a base that does not exist (bases are 0 and 2 to 36) are failures like any other.
+ * Numbers are parsed in the C locale, as QString parses them. Blanks around the number are allowed. Base 0 takes the base
+ * from the prefix, "0x" (hexadecimal) or "0" (octal); other bases are 2 to 36. A number out of the type's range and an
+ * unknown base are failures.
  *
  * @code
  * unsigned char level = 1;
@@ -36,7 +36,7 @@ class TLXCORE_EXPORT CStr
 public:
     CStr() = delete;
 
-    /// The printable name of a value type, "UNKNOWN" (0) to "CHAR" (20); a null text for any other number.
+    /// Returns the name of a value type, "UNKNOWN" (0) to "CHAR" (20); a null text for any other number.
     static QString nTypeToStr(NTypes::ETypes type);
 
     /**
@@ -44,11 +44,11 @@ public:
      * @{
      */
     /**
-     * @brief Reads a number of exactly this type.
+     * @brief Parses a number of exactly this type.
      *
      * @param s The text.
      * @param out Receives the number; untouched on failure.
-     * @return Whether the text is such a number.
+     * @return true if the text is such a number.
      */
     static bool strToU8(const QString& s, unsigned char& out, int base);
     static bool strToU16(const QString& s, unsigned short& out, int base);
@@ -67,7 +67,7 @@ public:
      * @{
      */
     /**
-     * @brief Reads a number of exactly this type.
+     * @brief Parses a number of exactly this type.
      *
      * @param s The text.
      * @param ok When not null, receives whether the text is such a number.
@@ -90,9 +90,9 @@ public:
      * @{
      */
     /**
-     * @brief Reads a number of exactly this type; the signed forms read base 10 only.
+     * @brief Parses a number of exactly this type. The signed forms parse base 10 only.
      *
-     * @param fallback What is returned when the text is no such number.
+     * @param fallback The result if the text is not such a number.
      * @param s The text.
      */
     static unsigned char strToU8(unsigned char fallback, const QString& s, int base);
@@ -108,30 +108,37 @@ public:
     /** @} */
 
     /**
-     * @brief A fixed-point number: its integer part, the separator and its raw fraction bits, each in decimal.
+     * @brief Returns a fixed-point number as text: the integer part, the separator and the raw fraction bits, in decimal.
      *
-     * The fraction is not turned into decimal digits: 5 with 2 fraction bits and "." is "1.1".
+     * The fraction is not converted into decimal digits: 5 with 2 fraction bits and "." is "1.1".
      *
      * @param value The raw number.
-     * @param fracBits How many of its low bits are the fraction; with 32 and more all are.
+     * @param fracBits The number of low bits that are the fraction; 32 and more: all.
      * @param sep The separator.
      */
     static QString fixPointToStr(unsigned int value, unsigned int fracBits, const QChar& sep);
 
     /**
-     * @brief The raw number of a text that fixPointToStr() made.
+     * @brief Parses a text that fixPointToStr() made.
      *
-     * @param s Two decimal numbers of at most 32 bits, the separator between them. What the fraction has beyond its
-     * bits, and the integer part beyond 32 bits after it is put in its place, is dropped.
+     * Bits of the fraction beyond `fracBits`, and bits that leave 32 bits, are dropped.
+     *
+     * @code
+     * bool ok = false;
+     * CStr::strToFixPoint(QStringLiteral("3.7"), &ok, 4, QLatin1Char('.'));    // 0x37, ok is true
+     * CStr::strToFixPoint(QStringLiteral("3"), &ok, 4, QLatin1Char('.'));      // 0, ok is false
+     * @endcode
+     *
+     * @param s Two decimal numbers of at most 32 bits with the separator between them.
      * @param ok When not null, receives whether the text has this form.
-     * @param fracBits How many of the low bits are the fraction; with 32 and more all are.
+     * @param fracBits The number of low bits that are the fraction; 32 and more: all.
      * @param sep The separator.
      * @return 0 on failure.
      */
     static unsigned int strToFixPoint(const QString& s, bool* ok, unsigned int fracBits, const QChar& sep);
 
     /**
-     * @brief A number with a fixed count of decimals in the default locale, without group separators.
+     * @brief Returns a number with a fixed count of decimals in the default locale, without group separators.
      *
      * @param value The number.
      * @param precision The decimals, at most 65535: more are not shown. Negative: 6, except
@@ -139,75 +146,75 @@ public:
      */
     static QString doubleToString(double value, int precision);
 
-    /// "[ V%1 ]" with the version, and " - %1" with the extra text when that is not empty.
+    /// Returns "[ V%1 ]" with the version, and " - %1" with the extra text if that is not empty.
     static QString getVersionString(const QString& version, const QString& extra);
 
-    /// "[ V%1 - %2 ]" with the version and createDate(), and " - %1" with the extra text when that is not empty.
+    /// Returns "[ V%1 - %2 ]" with the version and createDate(), and " - %1" with the extra text if that is not empty.
     static QString getVersionString(const QString& version, const QString& date, const QLocale& locale,
                                     const QString& extra);
 
-    /// A compiler's build date in the locale's short format; empty when it is none.
+    /// Returns a compiler's build date in the locale's short format; empty if the text is not a date.
     static QString createDate(const QLocale& locale, const QString& compilerDate);
 
     /**
-     * @brief The date of a compiler's __DATE__.
+     * @brief Parses a compiler's __DATE__.
      *
-     * @param compilerDate English month abbreviation, day, year, any number of blanks between: "Nov  5 2026".
-     * @return An invalid date when the text is none.
+     * @param compilerDate English month abbreviation, day, year, separated by blanks: "Nov  5 2026".
+     * @return An invalid date if the text has another form.
      */
     static QDate createQDateFrom__DATE__(const QString& compilerDate);
 
     /**
-     * @brief The title of a tool: "%1 - %2 - %3" with its name, the company's long name and the long version string.
+     * @brief Returns the title of a tool: "%1 - %2 - %3" with its name, the company's long name and getVersionString().
      *
-     * @param locale For the date.
-     * @param date The build date as the compiler gives it.
+     * @param locale The locale of the date.
+     * @param date The build date, a compiler's __DATE__.
      * @param name The tool's name.
      * @param version The tool's version.
-     * @param extra Behind the version when not empty.
+     * @param extra Appended to the version if not empty.
      */
     static QString createApplicationTitle(const QLocale& locale, const QString& date, const QString& name,
                                           const QString& version, const QString& extra);
 
     /**
-     * @brief The short title of a tool: "%1 %2 - V%3" with the company's short name, the tool's name and version, then
+     * @brief Returns the short title of a tool: "%1 %2 - V%3" with the company's short name, the tool's name and version, then
      * " - [ Build " with the build number, " - " and the build date in ISO 8601 form, and " ]".
      *
-     * @param locale Not used: the date is the same everywhere.
+     * @param locale Not used.
      * @param name The tool's name.
      * @param version The tool's version.
-     * @param compilerDate The build date as the compiler gives it; its place stays empty when it is no date.
+     * @param compilerDate The build date, a compiler's __DATE__; another text leaves its place empty.
      * @param build The build number.
      */
     static QString createShortApplicationTitle(const QLocale& locale, const QString& name,
                                                const QString& version, const QString& compilerDate,
                                                unsigned int build);
 
-    /// A device to choose: "%1 [s/n: %2]" with its name and serial number.
+    /// Returns the entry of a device in a selection: "%1 [s/n: %2]" with its name and serial number.
     static QString createDeviceSelectionValue(const QString& name, unsigned int serial);
 
-    /// A sub-device to choose: "%1 - %2" with its name and createDeviceSelectionValue().
+    /// Returns the entry of a sub-device: "%1 - %2" with its name and createDeviceSelectionValue().
     static QString createSubDeviceSelectionValue(const QString& subName, const QString& deviceName,
                                                  unsigned int serial);
 
     /**
-     * @brief A text of at most so many characters: what is longer is cut and ends in " ...".
+     * @brief Shortens a text to maxLength characters; a cut text ends in " ...".
      *
      * @param text The text.
-     * @param maxLength Its longest length; below 4 the result is " ..." all the same.
+     * @param maxLength The longest length of the result; below 4 a cut text is " ...".
      * @param wasCut Receives whether the text was cut.
-     * @param atBlank Cut at the last blank that is left of the limit, when there is one.
+     * @param atBlank Cut at the last blank before the limit, if any.
      */
     static QString cutString(const QString& text, unsigned int maxLength, bool& wasCut, bool atBlank);
 
-    /// The upper 16 bits, ".", the lower 16 bits with at least three digits: 0x00010005 is "1.005".
+    /// Returns the upper 16 bits, ".", the lower 16 bits with at least three digits: 0x00010005 is "1.005".
     static QString revisionToString(unsigned int revision);
 
-    /// The upper byte, ".", the lower byte with at least two digits: 0x0105 is "1.05".
+    /// Returns the upper byte, ".", the lower byte with at least two digits: 0x0105 is "1.05".
     static QString revisionToString(unsigned short revision);
 
     /**
-     * @brief Reads what revisionToString() wrote; without a dot the lower half is 0.
+     * @brief Parses what revisionToString() returned. Without a dot the lower half is 0.
      *
      * @param text One or two decimal numbers from 0 to 65535. As everywhere, a sign is part of a number: "+1.005" and
      * "-0.5" are revisions, "-1.5" is not.
@@ -216,72 +223,72 @@ public:
      */
     static bool stringToRevision(QString text, unsigned int& revision);
 
-    /// The same with numbers from 0 to 255.
+    /// As above, with numbers from 0 to 255.
     static bool stringToRevision(QString text, unsigned short& revision);
 
     /**
      * @brief Splits "major.minor" or "major" into decimal numbers.
      *
      * @param text The text.
-     * @param major Receives the first number, 0 when it is none; untouched when there are more than two parts.
-     * @param minor Receives the second number; 0 when there is none.
-     * @return Whether every part is a number.
+     * @param major Receives the first number, 0 if it is not one; untouched if there are more than two parts.
+     * @param minor Receives the second number, 0 if it is missing or not one.
+     * @return true if every part is a number.
      */
     static bool _splitStringAtDot(QString text, int& major, int& minor);
 
-    /// A serial number in groups counted from the left, one digit and then three each: "1 234 567 890", "1 234 5".
+    /// Returns a serial number in groups from the left, one digit, then three each: "1 234 567 890", "1 234 5".
     static QString serialToString(unsigned int serial);
 
     /**
-     * @brief A count of bytes for people, such as "10.0 KiB".
+     * @brief Returns a size in bytes in a readable unit, such as "10.0 KiB".
      *
-     * @param bytes The count; a unit is used from ten of it on. Below 10240, negative counts included, it is shown in
-     * "Byte"; "KiB" to "TiB" have one decimal and a point, "PiB" none.
+     * A unit is used once the value reaches ten of it: 10240 is "10.0 KiB". Smaller and negative sizes are in "Byte".
+     * "KiB" to "TiB" have one decimal and a point, "PiB" none.
+     *
+     * @param bytes The size.
      */
     static QString memSizeToString(long long bytes);
 
     /**
-     * @brief The path of a log file in the log directory, which is created: CPath::logPath().
+     * @brief Returns the path of a log file in CPath::logPath(), which is created.
      *
-     * @param baseName A file name, of which directories and the last suffix are left away; when empty, that of the
-     * running program.
-     * @param withThreadId Puts "_TID" and the calling thread's identifier in hexadecimal behind the name.
+     * @param baseName A file name; its directory and last suffix are omitted. Empty: the running program's.
+     * @param withThreadId Appends "_TID" and the calling thread's identifier in hexadecimal to the name.
      */
     static QString createLogFileName(QString baseName, bool withThreadId);
 
     /**
-     * @brief Whether a stream could be read, and what to tell the user when not.
+     * @brief Returns true if a stream could be read; otherwise sets a message for the user.
      *
      * @param stream The stream that was read from.
      * @param valueName What was read.
-     * @param message Receives the message, translated in the context "CStr"; untouched when all is well.
+     * @param message Receives the message, translated in the context "CStr"; untouched if the status is Ok.
      */
     static bool inStreamStatus(const QDataStream& stream, const QString& valueName, QString& message);
 
     /**
-     * @brief Where a menu text marks its accelerator: a single "&" before a letter, digit, mark or "_".
+     * @brief Returns where a menu text marks its accelerator: a single "&" before a letter, digit, mark or "_".
      *
      * @return The index of the first match of "(^|[^&])&(?!(&|\W|$))": that of the character before the ampersand,
-     * 0 when the text begins with it, -1 when there is none. "&&" marks nothing.
+     * 0 if the text begins with it, -1 if nothing is marked. "&&" marks nothing.
      */
     static int indexOfAmpersand(const QString& text);
 
     /**
-     * @brief Copies a text's UTF-16 units into a buffer, as many as it holds, and a zero unit behind them when there
-     * is room.
+     * @brief Copies the UTF-16 code units of a text into a buffer, as many as fit, and a terminator if there is room.
      *
      * @param text The text.
      * @param buffer The buffer; may be null.
      * @param bufferBytes Its size in bytes.
-     * @return The units written, the zero not counted.
+     * @return The number of code units written, without the terminator.
      */
     static int toUtf16(const QString& text, unsigned short* buffer, int bufferBytes);
 
-    /// The text of bytes that are UTF-16 units of the machine's byte order, up to the first zero unit; an odd last
-    /// byte is left away. Byte-order marks are ordinary units.
+    /// Returns the text of UTF-16 code units in the machine's byte order, up to the first zero. An odd last byte is
+    /// omitted. Byte-order marks are ordinary code units.
     static QString fromUtf16(const QByteArray& bytes);
 
-    /// The text of a buffer of so many bytes, up to the first zero unit; empty for a null pointer or less than 2 bytes.
+    /// As above, for a buffer of `bytes` bytes; empty for a null pointer or fewer than 2 bytes.
     static QString fromUtf16(const unsigned short* buffer, int bytes);
 };
 

@@ -15,12 +15,11 @@ class QDebug;
 /**
  * @brief A duration: an unsigned 64-bit count of a unit, picoseconds to hours.
  *
- * Conversions run in double through seconds and round half away from zero. What a conversion makes of a duration
- * that leaves 64 bits is defined: a number from 2^63 up counts as 2^63 (CMath::round takes no more), a negative one
- * as its two's complement, NaN as 2^63.
+ * Conversions run in double through seconds and round half away from zero. Out of range is defined: 2^63 and above, and
+ * NaN, become 2^63; negative values wrap.
  *
- * A default object counts 0 of CTime::UNIT_UNKNOWN. isValid() accepts nanoseconds to hours only; a unit that is none
- * converts as if it were seconds.
+ * A default object counts 0 of CTime::UNIT_UNKNOWN. isValid() accepts nanoseconds to hours only. An unknown unit is
+ * treated as seconds.
  *
  * @code
  * const CTime period(1500, CTime::UNIT_MS);
@@ -45,13 +44,13 @@ public:
         UNIT_UNKNOWN = 7 ///< No unit.
     };
 
-    /// From a unit's text to the unit: the seven units. Ready before the static objects of a program are made.
+    /// Maps the seven unit texts to units. Initialised before the program's own static objects.
     static const QHash<QString, ETimeUnit> mUnitHash;
 
-    /// The pairs of mUnitHash.
+    /// Returns the pairs of mUnitHash.
     static QHash<QString, ETimeUnit> createUnitHash();
 
-    /// Counts 0 of UNIT_UNKNOWN.
+    /// Constructs a count of 0 of UNIT_UNKNOWN.
     CTime();
     CTime(unsigned long long value, ETimeUnit unit);
 
@@ -60,13 +59,13 @@ public:
     CTime& operator=(const CTime& other) noexcept;
     virtual ~CTime();
 
-    /// The count, in the unit held.
+    /// Returns the count, in the unit held.
     unsigned long long value() const;
 
-    /// The duration as a count of `target`, rounded half away from zero; the count itself in the unit held.
+    /// Returns the duration as a count of `target`, rounded half away from zero; unchanged if `target` is the unit held.
     unsigned long long value(ETimeUnit target) const;
 
-    /// The unit held.
+    /// Returns the unit held.
     ETimeUnit unit() const;
 
     /// Sets the count, the unit (the count stays as it is), or both.
@@ -74,47 +73,52 @@ public:
     void setUnit(ETimeUnit unit);
     void setValue(unsigned long long value, ETimeUnit unit);
 
-    /// True for nanoseconds to hours; picoseconds are no valid unit of a duration.
+    /// Returns true for nanoseconds to hours. A duration in picoseconds is not valid.
     bool isValid() const;
 
-    /// value() in nanoseconds, milliseconds and seconds.
+    /// Returns value() in nanoseconds, milliseconds or seconds.
     unsigned long long toNS() const;
     unsigned long long toMS() const;
     unsigned long long toS() const;
 
-    /// Takes the duration of `other`, counted in this object's unit, rounded half away from zero.
+    /// Takes the duration of `other` and counts it in this object's unit, rounded half away from zero.
     void fromValue(const CTime& other);
 
-    /// convertToPrevIntegerValue() of the count, as a signed number, and the unit.
+    /// Calls the static convertToPrevIntegerValue() with the count, as a signed number, and the unit.
     bool convertToPrevIntegerValue(long long& value, ETimeUnit& unit) const;
 
     /**
-     * @brief Goes down from `unit` to the first smaller unit in which the duration is whole, and gives the whole part
-     * in the unit before it: 1.5 s gives 1 and seconds, since 1500 ms is whole.
+     * @brief Finds the first smaller unit in which a duration is whole, and writes the whole part in the unit before it.
      *
-     * The arithmetic runs in double through seconds, so that a count which is whole is not always seen as whole
-     * (3 ns).
+     * The arithmetic runs in double through seconds. Rounding may make a whole count look fractional (3 ns).
      *
-     * @return true when such a pair was written. false with nothing written for 0, for picoseconds, for a value that
-     *         is whole in `unit` and for one that is no finite number; false with the picoseconds written for a value
-     *         that is whole in no unit.
+     * @code
+     * long long count = 0;
+     * CTime::ETimeUnit unit = CTime::UNIT_UNKNOWN;
+     * CTime::convertToPrevIntegerValue(1.5, CTime::UNIT_S, count, unit);    // true: 1500 ms is whole; 1 and UNIT_S
+     * CTime::convertToPrevIntegerValue(2.0, CTime::UNIT_S, count, unit);    // false: whole already, nothing written
+     * @endcode
+     *
+     * @return true if such a pair was written. false with nothing written for 0, for picoseconds, for a value that is
+     *         whole in `unit` and for NaN and infinities. false with the picoseconds written for a value that is whole in
+     *         no unit.
      */
     static bool convertToPrevIntegerValue(const double& value, ETimeUnit unit, long long& outValue,
                                           ETimeUnit& outUnit);
 
-    /// `value` in `from`, counted in `to`. UNIT_UNKNOWN and numbers that are no unit count as seconds.
+    /// Returns `value`, which counts `from`, as a count of `to`. Unknown units are treated as seconds.
     static double convertValue(const double& value, ETimeUnit from, ETimeUnit to);
 
-    /// `value` in `unit`, counted in seconds; unchanged for what is no unit.
+    /// Returns `value`, which counts `unit`, in seconds; unchanged for an unknown unit.
     static double toS(const double& value, ETimeUnit unit);
 
-    /// The unit's text; empty for what is no unit.
+    /// Returns the unit's text; empty for an unknown unit.
     static QString unitStr(ETimeUnit unit);
 
-    /// The unit of a text, whose case does not matter (QString::toLower()); UNIT_UNKNOWN when there is none.
+    /// Returns the unit of a text, ignoring its case (QString::toLower()); UNIT_UNKNOWN for any other text.
     static ETimeUnit unit(const QString& text);
 
-    /// Comparisons of the two durations in whole nanoseconds, of equal units too: 1 ps equals 2 ps.
+    /// Compares two durations in whole nanoseconds, also if their units are equal: 1 ps equals 2 ps.
     bool operator==(const CTime& other) const;
     bool operator!=(const CTime& other) const;
     bool operator<(const CTime& other) const;
@@ -127,21 +131,21 @@ private:
 };
 
 /**
- * @brief The sum of two durations of different units, in the unit of `a`, truncated.
+ * @brief Returns the sum of two durations of different units, in the unit of `a`, truncated.
  *
- * For equal units the result counts twice the unit's number (6 ms for any two durations in milliseconds) and not the
- * sum: callers rely on it, and add counts of equal units themselves. Sums beyond 64 bits of nanoseconds wrap.
+ * For equal units the result is twice the unit's number (6 ms for any two durations in milliseconds), not the sum. Callers
+ * rely on this, and add counts of equal units themselves. Sums beyond 64 bits of nanoseconds wrap.
  */
 TLXCORE_EXPORT CTime operator+(const CTime& a, const CTime& b);
 
-/// The count times the factor, rounded half away from zero, in the same unit.
+/// Returns the count times the factor, rounded half away from zero, in the same unit.
 TLXCORE_EXPORT CTime operator*(const CTime& time, double factor);
 TLXCORE_EXPORT CTime operator*(double factor, const CTime& time);
 
-/// Writes the count as unsigned 64-bit and the unit as signed 32-bit number, in the stream's byte order.
+/// Writes the count as an unsigned 64-bit and the unit as a signed 32-bit number, in the stream's byte order.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CTime& time);
 
-/// Reads both numbers and stores them as they are; what a stream that ended too early lacks reads as 0.
+/// Reads both numbers and stores them as they are. Fields missing from a truncated stream read as 0.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CTime& time);
 
 /// Equal for durations that are equal in nanoseconds.

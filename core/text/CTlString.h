@@ -16,9 +16,9 @@ class QDebug;
  * There are four notations: decimal, decimal with a fixed point, hexadecimal and binary. Hexadecimal and binary
  * digits are grouped by four with "." and a ":" separates the fraction. Static functions only, no state.
  *
- * A text that toStr() makes with enough width reads back as the same number, but for what the notations cannot do:
- * the fixed-point notation reads a leading 0 as octal and cannot read its own negative fractions, and it and the
- * binary notation go through a double, which holds 53 bits.
+ * A text that toStr() returns with enough width parses back to the same number, with three exceptions: the fixed-point
+ * notation parses a leading 0 as octal, it cannot parse its own negative fractions, and it and the binary notation go
+ * through a double, which holds 53 bits.
  *
  * @code
  * const CTlString::SFormatValue money(2, 6, 0, CTlString::NOTATION_FIXED_POINT);
@@ -35,32 +35,32 @@ public:
     /// How a number is written.
     enum ENotation : quint8
     {
-        NOTATION_DECIMAL = 0,     ///< As a double, with a point.
-        NOTATION_FIXED_POINT = 1, ///< As an integer, the point put in.
+        NOTATION_DECIMAL = 0,     ///< A double, with a point.
+        NOTATION_FIXED_POINT = 1, ///< An integer with a point inserted.
         NOTATION_HEX = 2,         ///< Hexadecimal digits.
         NOTATION_DUAL = 3         ///< Binary digits.
     };
 
     /**
-     * @brief The format descriptor: four bytes, in an unsigned int the first field lowest.
+     * @brief The format descriptor: four bytes. In an unsigned int the first field is the lowest byte.
      *
-     * It converts from and to unsigned int, so that either may be passed and compared.
+     * It converts from and to unsigned int.
      */
     struct SFormatValue
     {
-        /// Decimal: the precision, negative for the general ("g") format. Else: the digits behind the point.
+        /// Decimal: the precision, negative for the general ("g") format. Otherwise: the digits after the point.
         qint8 fractionDigits = 0;
-        /// Characters in all, the separator of the fraction not counted but in decimal; negative: aligned left.
+        /// Total characters; the separator counts in decimal only. Negative: left-aligned.
         qint8 width = 0;
-        /// Bits by which the raw number is shifted right before it is shown, left when negative; not in decimal.
+        /// Bits by which the raw number is shifted right before it is printed; negative: left. Not used in decimal.
         qint8 preShift = 0;
-        /// An ENotation; any other number shows nothing and reads nothing.
+        /// An ENotation. An unknown one prints an empty text and parses nothing.
         quint8 notation = NOTATION_DECIMAL;
 
-        /// All zero: decimal without fraction, as wide as needed.
+        /// Constructs a descriptor of zeros: decimal without fraction, as wide as needed.
         constexpr SFormatValue() = default;
 
-        /// From the four fields.
+        /// Constructs a descriptor from its four fields.
         constexpr SFormatValue(qint8 fraction, qint8 characters, qint8 shift, quint8 writtenAs)
             : fractionDigits(fraction)
             , width(characters)
@@ -68,7 +68,7 @@ public:
             , notation(writtenAs)
         {}
 
-        /// From the packed form.
+        /// Constructs a descriptor from the packed form.
         constexpr SFormatValue(unsigned int packed)
             : fractionDigits(static_cast<qint8>(packed & 0xFFU))
             , width(static_cast<qint8>((packed >> 8) & 0xFFU))
@@ -76,7 +76,7 @@ public:
             , notation(static_cast<quint8>(packed >> 24))
         {}
 
-        /// The packed form.
+        /// Returns the packed form.
         constexpr operator unsigned int() const
         {
             return static_cast<quint8>(fractionDigits)
@@ -87,20 +87,20 @@ public:
     };
 
     /**
-     * @name Showing
+     * @name Printing
      * @{
      */
     /**
-     * @brief The text of a number.
+     * @brief Returns the text of a number.
      *
      * - Decimal: through a double, in format "f" or "g"; a width other than 0 is widened by 2. No shift.
-     * - Fixed point: the integer, or quotient "." remainder of 10^d, each with its own sign; the quotient has width
-     *   - d - 1 characters. 10^d is taken modulo 2^64, and a divisor of 0 gives 0.
-     * - Hexadecimal, binary: the bits, filled with "0" to the width and cut to it from the left, so that width 0
-     *   shows nothing; a negative width cuts nothing.
+     * - Fixed point: with d fraction digits above 0, the quotient and the remainder of 10^d with a point between, each
+     *   with its own sign. The quotient has width - d - 1 characters. 10^d is taken modulo 2^64; a divisor of 0 yields 0.
+     * - Hexadecimal, binary: the bits, filled with "0" to the width and truncated to it on the left, so width 0 prints
+     *   nothing. A negative width truncates nothing.
      *
-     * Floating-point numbers in the last three are first truncated to a signed 64-bit number; what that cannot hold,
-     * and NaN, is shown as -2^63.
+     * In the last three, floating-point numbers are first truncated to a signed 64-bit number; NaN and out-of-range
+     * values print as -2^63.
      *
      * @param value The number.
      * @param format A SFormatValue or its packed form.
@@ -119,28 +119,29 @@ public:
     /** @} */
 
     /**
-     * @name Reading integers
+     * @name Parsing integers
      * @{
      */
     /**
-     * @brief The number in a text, times a factor.
+     * @brief Parses an integer and multiplies it by a factor.
      *
      * - Decimal: a double with a point.
-     * - Fixed point: the digits without their separators, as a signed 64-bit number; "0x" reads hexadecimal, a
-     *   leading 0 octal.
+     * - Fixed point: the digits without their separators, as a signed 64-bit number; "0x" means hexadecimal, a leading
+     *   0 octal.
      * - Hexadecimal: normalised as by validateHexStr(), to 16 digits when the descriptor has neither width nor
-     *   fraction. More than 64 bits are a number for the signed types alone, and only where the excess is exactly the "f"
-     *   that toStr() prints for a negative number. A factor other than 1 multiplies the unsigned bits, behind a "-" the signed number.
+     *   fraction. A text of more than 64 bits is a number for the signed types only, and only if the excess is exactly the
+     *   "f" that toStr() prints for a negative number. A factor other than 1 multiplies the unsigned bits, or the signed
+     *   number after a "-".
      * - Binary: normalised likewise; always multiplied as a double.
      *
-     * Then the pre-shift is undone, and the result is cut to the type: "ff" is -1 as an 8-bit signed number. Products
-     * are truncated toward zero; what a signed 64-bit number cannot hold gives the bits of -2^63.
+     * Then the pre-shift is undone, and the result is truncated to the type: "ff" is -1 as an 8-bit signed number.
+     * Products are truncated toward zero; a product out of the range of a signed 64-bit number becomes the bits of -2^63.
      *
      * @param s The text.
      * @param format A SFormatValue or its packed form.
-     * @param factor What the number is multiplied by.
-     * @param ok When not null, receives whether the text was a number.
-     * @return 0 when the text was no number.
+     * @param factor The factor.
+     * @param ok If not null, receives whether the text was a number.
+     * @return 0 if the text was not a number.
      */
     static qint8 toI8(const QString& s, unsigned int format, double factor, bool* ok);
     static quint8 toU8(const QString& s, unsigned int format, double factor, bool* ok);
@@ -153,59 +154,64 @@ public:
     /** @} */
 
     /**
-     * @name Reading floating-point numbers
+     * @name Parsing floating-point numbers
      * @{
      */
     /**
-     * @brief The decimal number in a text, with a point, times a factor. The descriptor is not looked at.
+     * @brief Parses a decimal number with a point and multiplies it by a factor.
      *
      * @param s The text.
      * @param format Not used.
-     * @param factor What the number is multiplied by.
-     * @param ok When not null, receives whether the text was a number that the type can hold.
-     * @return 0 when it was not.
+     * @param factor The factor.
+     * @param ok If not null, receives whether the text was a number in the type's range.
+     * @return 0 if it was not.
      */
     static float toF32(const QString& s, unsigned int format, double factor, bool* ok);
     static double toF64(const QString& s, unsigned int format, double factor, bool* ok);
     /** @} */
 
-    /// Puts a "." between every four characters, counted from the right; fewer than five stay as they are.
+    /// Inserts a "." between every four characters, counted from the right. Texts below five characters stay as they are.
     static QString insertPointSeparator(const QString& s);
 
     /**
      * @brief Normalises the integer part of an entry: width - fractionDigits digits in groups of four.
      *
-     * Without "." the text is one group of eight, else each part is a group of four: groups are filled with "0" on
-     * the left and cut to their rightmost characters. When there are no integer digits the result is empty; when
-     * their number is negative nothing more is cut.
+     * Without "." the text is one group of eight, otherwise each part is a group of four. Groups are filled with "0" on the
+     * left and truncated to their rightmost characters. The result is empty if there are no integer digits; a negative
+     * number of digits truncates nothing more.
      */
     static QString validateUpperString(const QString& s, SFormatValue format);
 
-    /// Normalises the fraction part of an entry: fractionDigits digits, filled and cut as in validateUpperString().
+    /// Normalises the fraction part of an entry: fractionDigits digits, filled and truncated as in validateUpperString().
     static QString validateLowerString(const QString& s, SFormatValue format);
 
     /**
      * @brief Normalises a hexadecimal entry in place to what toStr() would print for it.
      *
-     * A leading "-" stays, a "+" or "0x" goes, an empty text becomes "0". Groups behind a "." and the digits behind
-     * the ":" are filled on the left; digits beyond the width go, on the left, and none when the width is below 1.
-     * A text with any other character stays as it is, so that no conversion takes it.
+     * A leading "-" stays, a "+" or "0x" is removed, an empty text becomes "0". Groups after a "." and the digits after the
+     * ":" are filled on the left. Digits beyond the width are cut on the left, unless the width is below 1. A text with any
+     * other character is not changed, so no conversion accepts it.
+     *
+     * @code
+     * QString entry = QStringLiteral("1f");
+     * CTlString::validateHexStr(entry, CTlString::SFormatValue(0, 4, 0, CTlString::NOTATION_HEX));    // true: "001f"
+     * @endcode
      *
      * @param s The entry.
-     * @param format Its descriptor; under the binary notation the digits are binary ones.
-     * @return True if the text is a number in that notation, only zeros were cut and it fits 64 bits; false for empty text
-     * and for a binary number with a sign. The "f" that toStr() puts in front of the 64 bits of a negative number, when a
+     * @param format Its descriptor; under the binary notation the digits are binary.
+     * @return true if the text is a number in that notation, only zeros were cut and it fits 64 bits; false for empty text
+     * and for a binary number with a sign. The "f" that toStr() prints before the 64 bits of a negative number, if a
      * fraction makes the text wider than 16 digits, are not counted.
      */
     static bool validateHexStr(QString& s, SFormatValue format);
 
-    /// The same as validateHexStr(): the descriptor's notation decides here, too.
+    /// The same as validateHexStr(): the descriptor's notation decides.
     static bool validateDualStr(QString& s, SFormatValue format);
 };
 
 static_assert(sizeof(CTlString::SFormatValue) == 4, "the descriptor travels as 32 bits");
 
-/// The hash of the packed form.
+/// Returns the hash of the packed form.
 inline uint qHash(CTlString::SFormatValue format, uint seed = 0) noexcept
 {
     return ::qHash(static_cast<unsigned int>(format), seed);
