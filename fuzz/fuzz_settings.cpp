@@ -16,8 +16,10 @@ struct SSeam
 {
     friend void reopen(const QString& fileName)
     {
-        settings->settings.reset();
-        settings->fileName = fileName;
+        static QByteArray kept;
+        settings->close();
+        kept = fileName.toLatin1();
+        settings->fileName = kept.constData();
     }
 };
 

@@ -1,19 +1,35 @@
 #include <core/app/CBenchmarkTimer.h>
 
 #include <core/app/CPublicWait.h>
-
-#include <mutex>
+#include <core/base/SharedDouble.h>
+#include <core/base/Ticks.h>
 
 namespace {
 
 constexpr unsigned long CALIBRATION_MS = 100;
 constexpr double CALIBRATION_US = 100000.0;
 
-std::mutex gCalibration;
+double calibrated()
+{
+    CBenchmarkTimer timer;
+    timer.start();
+    CPublicWait::msleep(CALIBRATION_MS);
+    return timer.elapsed() / CALIBRATION_US;
+}
 
 } // namespace
 
 double CBenchmarkTimer::mTicksPerUs = -1.0;
+
+void CBenchmarkTimer::start()
+{
+    mStart = processorTicks();
+}
+
+double CBenchmarkTimer::elapsed() const
+{
+    return static_cast<double>(processorTicks() - mStart);
+}
 
 QString CBenchmarkTimer::unit() const
 {
@@ -22,12 +38,10 @@ QString CBenchmarkTimer::unit() const
 
 double CBenchmarkTimer::ticksPerUs()
 {
-    const std::lock_guard<std::mutex> lock(gCalibration);
-    if (mTicksPerUs < 0.0) {
-        CBenchmarkTimer timer;
-        timer.start();
-        CPublicWait::msleep(CALIBRATION_MS);
-        mTicksPerUs = timer.elapsed() / CALIBRATION_US;
+    double ticks = NSharedDouble::load(mTicksPerUs);
+    if (ticks < 0.0) {
+        ticks = calibrated();
+        NSharedDouble::store(mTicksPerUs, ticks);
     }
-    return mTicksPerUs;
+    return ticks;
 }

@@ -1,13 +1,16 @@
 #include <core/app/CCompanyStrings.h>
 
-#include <core/base/StaticObjects.h>
 #include <core/files/CPath.h>
+#include <core/files/Platform.h>
 
+#include <QDir>
 #include <QFile>
+#include <QHash>
 #include <QSettings>
+#include <QTemporaryFile>
 
+#include <atomic>
 #include <memory>
-#include <mutex>
 
 #ifdef TLXCORE_STATIC
 // A static library has no moment of loading at which its resource would register itself.
@@ -21,39 +24,67 @@ static void registerResource() {}
 
 namespace {
 
-constexpr auto FILE_NAME = NStatic::text("Setup.Ini");
+using CValues = QHash<QString, QString>;
 
-// Threads share the one opened file, its opening included.
-std::mutex gMutex;
+QString normalized(const QString& key)
+{
+    const QString single = key.split(QLatin1Char('/'), Qt::SkipEmptyParts).join(QLatin1Char('/'));
+    return NPlatform::settingsKey(single);
+}
+
+// Qt parses a settings file under a lock of the file's own, and warns meanwhile of a value that it cannot read. The
+// message handler may come back here, so each reader has Qt parse a file that nobody else waits for.
+QString privateCopy(const QString& path, QTemporaryFile& copy)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || !copy.open()) {
+        return path;
+    }
+    const QByteArray content = file.readAll();
+    return copy.write(content) == content.size() && copy.flush() ? copy.fileName() : path;
+}
+
+CValues readAll(const QString& path)
+{
+    const QSettings settings(path, QSettings::IniFormat);
+    CValues values;
+    const QStringList keys = settings.allKeys();
+    for (const QString& key : keys) {
+        // Qt drops the slash, but takes a key of nothing else for one that is not empty.
+        values.insert(NPlatform::settingsKey(key), settings.value(QLatin1Char('/') + key).toString());
+    }
+    return values;
+}
 
 } // namespace
 
-/// The opened file; closed when the library is unloaded.
+/// What the opened file says. Two first calls at once read it twice, and one of them is kept.
 struct Q_DECL_HIDDEN CCompanyStrings::SSettings
 {
-    constexpr SSettings()
-        : fileName(NStatic::data(FILE_NAME))
-    {}
+    constexpr SSettings() = default;
+    ~SSettings() { close(); }
 
     QString value(const QString& key);
     QString productValue(int n, QLatin1String key);
 
-    QString fileName;
-    std::unique_ptr<QSettings> settings;
+    const CValues& values();
+    CValues read() const;
+    void close() { delete kept.exchange(nullptr); }
 
-private:
-    void open();
+    const char* fileName = "Setup.Ini";
+    std::atomic<const CValues*> kept{nullptr};
 };
 
-TLX_CONSTINIT CCompanyStrings::SSettings CCompanyStrings::mSettings;
+CCompanyStrings::SSettings CCompanyStrings::mSettings;
 
 QString CCompanyStrings::SSettings::value(const QString& key)
 {
-    const std::lock_guard<std::mutex> lock(gMutex);
-    if (!settings) {
-        open();
+    const CValues& all = values();
+    if (key.isEmpty()) {
+        qWarning("QSettings::value: Empty key passed"); // in Qt's words
+        return QString();
     }
-    return settings->value(key).toString();
+    return all.value(normalized(key));
 }
 
 QString CCompanyStrings::SSettings::productValue(int n, QLatin1String key)
@@ -61,12 +92,27 @@ QString CCompanyStrings::SSettings::productValue(int n, QLatin1String key)
     return value(productSection(n) + QLatin1Char('/') + key);
 }
 
-void CCompanyStrings::SSettings::open()
+const CValues& CCompanyStrings::SSettings::values()
 {
+    const CValues* values = kept.load(std::memory_order_acquire);
+    if (!values) {
+        auto own = std::make_unique<const CValues>(read());
+        if (kept.compare_exchange_strong(values, own.get(), std::memory_order_acq_rel)) {
+            values = own.release();
+        }
+    }
+    return *values;
+}
+
+CValues CCompanyStrings::SSettings::read() const
+{
+    const QString installed = CPath::constConfigPath(true) + QLatin1String(fileName);
+    if (QFile::exists(installed)) {
+        QTemporaryFile copy(QDir::tempPath() + QLatin1String("/Setup-XXXXXX.Ini"));
+        return readAll(privateCopy(installed, copy));
+    }
     registerResource();
-    const QString installed = CPath::constConfigPath(true) + fileName;
-    const QString path = QFile::exists(installed) ? installed : QLatin1String(":/tlxCore/data/") + fileName;
-    settings = std::make_unique<QSettings>(path, QSettings::IniFormat);
+    return readAll(QLatin1String(":/tlxCore/data/") + QLatin1String(fileName));
 }
 
 QString CCompanyStrings::getCompanyLongName()

@@ -14,8 +14,8 @@
  *
  * The first call of any function here opens the file: the installation's own in CPath::constConfigPath() (which is
  * created when it is missing), or the one built into the library, ":/tlxCore/data/Setup.Ini". An installation's file
- * replaces the built-in one wholly. The choice holds for the life of the process. Any thread may
- * call; one reads at a time.
+ * replaces the built-in one wholly. The file is read once, and the choice holds for the life of the
+ * process. Any thread may call, a message handler included; of two first calls at once each reads the file.
  *
  * What is missing reads as an empty text: a missing key, and every key of a file that is damaged or cannot be read.
  *

@@ -1,6 +1,7 @@
 #include <core/app/OneTimeCode.h>
 
 #include <core/app/CHmac.h>
+#include <core/base/ConstantTime.h>
 #include <core/base/FloatToInteger.h>
 
 #include <QtEndian>
@@ -18,17 +19,6 @@ enum EValidation : int
     CODE_WRONG = 1,
     CODE_LENGTH_WRONG = 2
 };
-
-// Looks at every character, so that the time taken does not tell where a guess was wrong.
-bool isEqualInConstantTime(const QString& left, const QString& right)
-{
-    uint difference = left.size() == right.size() ? 0 : 1;
-    const int count = qMin(left.size(), right.size());
-    for (int i = 0; i < count; ++i) {
-        difference |= static_cast<uint>(left.at(i).unicode() ^ right.at(i).unicode());
-    }
-    return difference == 0;
-}
 
 } // namespace
 

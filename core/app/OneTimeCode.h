@@ -1,17 +1,13 @@
 #ifndef TLXCORE_ONETIMECODE_H
 #define TLXCORE_ONETIMECODE_H
 
-#include <core/tlxCoreExport.h>
-
 #include <QByteArray>
 #include <QString>
 #include <QtGlobal>
 
-/**
- * The one-time codes of CHmac at a given instant, so that tests need not wait for the clock (they are exported for
- * that). Parameters as in CHmac; `msecs` are milliseconds since 1970-01-01 UTC.
- */
-struct TLXCORE_EXPORT OneTimeCode
+/// The one-time codes of CHmac at a given instant, so that tests need not wait for the clock. Parameters as in CHmac;
+/// `msecs` are milliseconds since 1970-01-01 UTC.
+struct OneTimeCode
 {
     QByteArray key;
     quint64 t0;

@@ -4,16 +4,6 @@
 
 namespace {
 
-constexpr auto INVALID = NStatic::text("<invalid>");
-constexpr auto AUTOSTART = NStatic::text("autostart/");
-constexpr auto BIN = NStatic::text("bin/");
-constexpr auto CONFIGURATIONS = NStatic::text("configurations/");
-constexpr auto CONF = NStatic::text("conf/");
-constexpr auto PARAM = NStatic::text("param/");
-constexpr auto FIRMWARE = NStatic::text("firmware/");
-constexpr auto LOGIC = NStatic::text("logic/");
-constexpr auto SUBDEVICES = NStatic::text("subdevices/");
-
 constexpr QLatin1String operator""_text(const char* text, std::size_t size)
 {
     return QLatin1String(text, static_cast<int>(size));
@@ -56,15 +46,15 @@ bool matches(const SEntryPoint& entry, const QString& path)
 
 } // namespace
 
-TLX_CONSTINIT const QString CFTPath::INVALID_STR(NStatic::data(INVALID));
-TLX_CONSTINIT const QString CFTPath::PATH_AUTOSTART(NStatic::data(AUTOSTART));
-TLX_CONSTINIT const QString CFTPath::PATH_BIN(NStatic::data(BIN));
-TLX_CONSTINIT const QString CFTPath::PATH_CONFIGURATIONS(NStatic::data(CONFIGURATIONS));
-TLX_CONSTINIT const QString CFTPath::PATH_CONF(NStatic::data(CONF));
-TLX_CONSTINIT const QString CFTPath::PATH_PARAM(NStatic::data(PARAM));
-TLX_CONSTINIT const QString CFTPath::PATH_FIRMWARE(NStatic::data(FIRMWARE));
-TLX_CONSTINIT const QString CFTPath::PATH_LOGIC(NStatic::data(LOGIC));
-TLX_CONSTINIT const QString CFTPath::PATH_SUBDEVICES(NStatic::data(SUBDEVICES));
+const QString CFTPath::INVALID_STR TLX_INIT_EARLY = QStringLiteral("<invalid>");
+const QString CFTPath::PATH_AUTOSTART TLX_INIT_EARLY = QStringLiteral("autostart/");
+const QString CFTPath::PATH_BIN TLX_INIT_EARLY = QStringLiteral("bin/");
+const QString CFTPath::PATH_CONFIGURATIONS TLX_INIT_EARLY = QStringLiteral("configurations/");
+const QString CFTPath::PATH_CONF TLX_INIT_EARLY = QStringLiteral("conf/");
+const QString CFTPath::PATH_PARAM TLX_INIT_EARLY = QStringLiteral("param/");
+const QString CFTPath::PATH_FIRMWARE TLX_INIT_EARLY = QStringLiteral("firmware/");
+const QString CFTPath::PATH_LOGIC TLX_INIT_EARLY = QStringLiteral("logic/");
+const QString CFTPath::PATH_SUBDEVICES TLX_INIT_EARLY = QStringLiteral("subdevices/");
 
 QMap<CFTPath::EEntryPoint, QString> CFTPath::entryStrMap()
 {

@@ -1,9 +1,10 @@
 #include <core/files/CPath.h>
 
+#include <core/base/QtReady.h>
 #include <core/base/StaticObjects.h>
-#include <core/files/ApplicationPath.h>
 #include <core/files/Platform.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -14,27 +15,10 @@ namespace {
 
 constexpr QFile::Permissions::Int NEW_DIRECTORY = 0x7075; // rwxrwxr-x
 
-constexpr auto BIN = NStatic::text("bin/");
-constexpr auto LIB = NStatic::text("lib/");
-constexpr auto ETC = NStatic::text("etc/");
-constexpr auto TXT = NStatic::text("etc/txt/");
-constexpr auto IMG = NStatic::text("etc/image/");
-constexpr auto DOC = NStatic::text("etc/doc/");
-constexpr auto CCONF = NStatic::text("etc/conf/");
-constexpr auto CDATA = NStatic::text("etc/data/");
-constexpr auto CONF = NStatic::text("conf/");
-constexpr auto LOG = NStatic::text("log/");
-constexpr auto MOT = NStatic::text("motor/");
-constexpr auto PAR = NStatic::text("param/");
-constexpr auto DAT = NStatic::text("data/");
-constexpr auto PRJ = NStatic::text("project/");
-constexpr auto PLUGINS = NStatic::text("plugins/");
-constexpr auto COMPANY = NStatic::text("TARVENIK/");
-
 // The directory is named by text alone: it need not exist any more.
 QString installDirectory()
 {
-    return QFileInfo(QDir(NApplicationPath::directory()).absolutePath()).absolutePath();
+    return QFileInfo(QDir(QCoreApplication::applicationDirPath()).absolutePath()).absolutePath();
 }
 
 bool isSeparator(QChar character)
@@ -85,22 +69,22 @@ QString userTree(const QString& root)
 
 } // namespace
 
-TLX_CONSTINIT const QString CPath::CPATH_BIN(NStatic::data(BIN));
-TLX_CONSTINIT const QString CPath::CPATH_LIB(NStatic::data(LIB));
-TLX_CONSTINIT const QString CPath::CPATH_ETC(NStatic::data(ETC));
-TLX_CONSTINIT const QString CPath::CPATH_TXT(NStatic::data(TXT));
-TLX_CONSTINIT const QString CPath::CPATH_IMG(NStatic::data(IMG));
-TLX_CONSTINIT const QString CPath::CPATH_DOC(NStatic::data(DOC));
-TLX_CONSTINIT const QString CPath::CPATH_CCONF(NStatic::data(CCONF));
-TLX_CONSTINIT const QString CPath::CPATH_CDATA(NStatic::data(CDATA));
-TLX_CONSTINIT const QString CPath::CPATH_CONF(NStatic::data(CONF));
-TLX_CONSTINIT const QString CPath::CPATH_LOG(NStatic::data(LOG));
-TLX_CONSTINIT const QString CPath::CPATH_MOT(NStatic::data(MOT));
-TLX_CONSTINIT const QString CPath::CPATH_PAR(NStatic::data(PAR));
-TLX_CONSTINIT const QString CPath::CPATH_DAT(NStatic::data(DAT));
-TLX_CONSTINIT const QString CPath::CPATH_PRJ(NStatic::data(PRJ));
-TLX_CONSTINIT const QString CPath::CPATH_PLUGINS(NStatic::data(PLUGINS));
-TLX_CONSTINIT const QString CPath::CPATH_COMPANY(NStatic::data(COMPANY));
+const QString CPath::CPATH_BIN TLX_INIT_EARLY = QStringLiteral("bin/");
+const QString CPath::CPATH_LIB TLX_INIT_EARLY = QStringLiteral("lib/");
+const QString CPath::CPATH_ETC TLX_INIT_EARLY = QStringLiteral("etc/");
+const QString CPath::CPATH_TXT TLX_INIT_EARLY = QStringLiteral("etc/txt/");
+const QString CPath::CPATH_IMG TLX_INIT_EARLY = QStringLiteral("etc/image/");
+const QString CPath::CPATH_DOC TLX_INIT_EARLY = QStringLiteral("etc/doc/");
+const QString CPath::CPATH_CCONF TLX_INIT_EARLY = QStringLiteral("etc/conf/");
+const QString CPath::CPATH_CDATA TLX_INIT_EARLY = QStringLiteral("etc/data/");
+const QString CPath::CPATH_CONF TLX_INIT_EARLY = QStringLiteral("conf/");
+const QString CPath::CPATH_LOG TLX_INIT_EARLY = QStringLiteral("log/");
+const QString CPath::CPATH_MOT TLX_INIT_EARLY = QStringLiteral("motor/");
+const QString CPath::CPATH_PAR TLX_INIT_EARLY = QStringLiteral("param/");
+const QString CPath::CPATH_DAT TLX_INIT_EARLY = QStringLiteral("data/");
+const QString CPath::CPATH_PRJ TLX_INIT_EARLY = QStringLiteral("project/");
+const QString CPath::CPATH_PLUGINS TLX_INIT_EARLY = QStringLiteral("plugins/");
+const QString CPath::CPATH_COMPANY TLX_INIT_EARLY = QStringLiteral("TARVENIK/");
 
 QString CPath::installPath()
 {

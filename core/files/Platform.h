@@ -24,6 +24,9 @@ bool hasUnlistedEntry(const QString& directory);
 /// Reads up to `size` bytes at a position of an open, unbuffered file; how many there were, 0 after an error.
 qint64 readAt(QFile& file, qint64 pos, char* data, qint64 size);
 
+/// The key of a settings file in the form by which QSettings compares keys here.
+QString settingsKey(const QString& key);
+
 } // namespace NPlatform
 
 #endif // TLXCORE_PLATFORM_H

@@ -129,3 +129,8 @@ qint64 NPlatform::readAt(QFile& file, qint64 pos, char* data, qint64 size)
     }
     return done;
 }
+
+QString NPlatform::settingsKey(const QString& key)
+{
+    return key;
+}

@@ -68,3 +68,8 @@ qint64 NPlatform::readAt(QFile& file, qint64 pos, char* data, qint64 size)
 {
     return file.seek(pos) ? std::max<qint64>(file.read(data, size), 0) : 0;
 }
+
+QString NPlatform::settingsKey(const QString& key)
+{
+    return key.toLower();
+}

@@ -1,8 +1,8 @@
 #include <core/text/CDateTime.h>
 
+#include <core/base/QtReady.h>
 #include <core/types/DateTimeStream.h>
 #include <core/types/PackedDateTime.h>
-#include <core/types/QtCalendar.h>
 
 #include <QDataStream>
 #include <QDebug>
@@ -17,7 +17,6 @@ constexpr int MS_PER_HUNDREDTH = 10;
 
 QDate dateOf(const NTypes::tsDate& date)
 {
-    makeQtCalendar();
     return QDate(date.year, date.month, date.day);
 }
 
@@ -107,7 +106,6 @@ bool CDateTime::isValid() const
 
 QDateTime CDateTime::toQDateTime(Qt::TimeSpec spec) const
 {
-    makeQtCalendar();
     return mDateTime.toTimeSpec(spec);
 }
 
@@ -207,7 +205,6 @@ uint qHash(const CDateTime& dateTime, uint seed) noexcept
 
 QDebug operator<<(QDebug debug, const CDateTime& dateTime)
 {
-    makeQtCalendar();
     const QDebugStateSaver saver(debug);
     debug.nospace() << "CDateTime(" << dateTime.mDateTime.toString(Qt::ISODateWithMs) << ')';
     return debug;

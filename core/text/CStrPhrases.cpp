@@ -1,9 +1,8 @@
 #include <core/text/CStr.h>
 
 #include <core/app/CCompanyStrings.h>
-#include <core/files/ApplicationPath.h>
+#include <core/base/QtReady.h>
 #include <core/files/CPath.h>
-#include <core/types/QtCalendar.h>
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -62,7 +61,6 @@ QString CStr::createDate(const QLocale& locale, const QString& compilerDate)
 
 QDate CStr::createQDateFrom__DATE__(const QString& compilerDate)
 {
-    makeQtCalendar();
     QStringList parts = compilerDate.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     if (parts.size() != 3) {
         return QDate();
@@ -175,7 +173,7 @@ QString CStr::memSizeToString(long long bytes)
 
 QString CStr::createLogFileName(QString baseName, bool withThreadId)
 {
-    const QString file = baseName.isEmpty() ? NApplicationPath::file() : baseName;
+    const QString file = baseName.isEmpty() ? QCoreApplication::applicationFilePath() : baseName;
     QString name = QFileInfo(file).completeBaseName();
     if (withThreadId) {
         name += QStringLiteral("_TID%1").arg(reinterpret_cast<quintptr>(QThread::currentThreadId()), 0, 16);

@@ -1,6 +1,6 @@
 #include <core/types/CVariant.h>
 
-#include <core/types/QtCalendar.h>
+#include <core/base/QtReady.h>
 #include <core/types/TypeTable.h>
 #include <core/types/VariantPayload.h>
 
@@ -95,7 +95,6 @@ QString utf16Text(const QVariant& payload)
 // Only a packed number shows. A record shows as nothing, and callers rely on it; so the record is not read here.
 QString dateTimeText(const QVariant& payload)
 {
-    makeQtCalendar();
     const NTypes::tsDateTime record = NTypes::unpackDateTime(as<qlonglong>(payload));
     const QDate date(record.date.year, record.date.month, record.date.day);
     const QTime time(record.time.hour, record.time.minute, record.time.second, record.time.hundredths * 10);
@@ -132,7 +131,6 @@ QByteArray latin1(const QString& text, int size)
 
 NTypes::tsDateTime parsedDateTime(const QString& text)
 {
-    makeQtCalendar();
     bool ok = false;
     const int packed = text.toInt(&ok, 10);
     if (ok) {

@@ -1,6 +1,6 @@
 #include <core/types/DateTimeStream.h>
 
-#include <core/types/QtCalendar.h>
+#include <core/base/QtReady.h>
 
 #include <QDataStream>
 #include <QDateTime>
@@ -82,7 +82,6 @@ bool readInSpec(QDataStream& stream, const SFields& fields, QDateTime& dateTime)
 
 bool readAtVersion(QDataStream& stream, QDateTime& dateTime)
 {
-    makeQtCalendar();
     SFields fields;
     stream >> fields.date >> fields.time;
     const int version = stream.version();

@@ -4,25 +4,31 @@
 #include <core/types/CString32.h>
 #include <core/types/CString64.h>
 
+#include <atomic>
+
 namespace NTypes {
 
 namespace {
 
+// Two first calls at once register twice, which Qt takes for once. Nobody waits.
 template <typename T>
-int registerWithStream()
+int numberOf()
 {
-    const int number = qMetaTypeId<T>();
-    qRegisterMetaTypeStreamOperators<T>(QMetaType::typeName(number));
+    static std::atomic<int> known{QMetaType::UnknownType};
+    int number = known.load(std::memory_order_acquire);
+    if (number == QMetaType::UnknownType) {
+        number = qMetaTypeId<T>();
+        qRegisterMetaTypeStreamOperators<T>(QMetaType::typeName(number));
+        known.store(number, std::memory_order_release);
+    }
     return number;
 }
 
 } // namespace
 
-const SMetaTypes& metaTypes()
+SMetaTypes metaTypes()
 {
-    static const SMetaTypes numbers = {registerWithStream<CString32>(), registerWithStream<CString64>(),
-                                       registerWithStream<CString128>(), registerWithStream<tsDateTime>()};
-    return numbers;
+    return {numberOf<CString32>(), numberOf<CString64>(), numberOf<CString128>(), numberOf<tsDateTime>()};
 }
 
 void registerMetaTypes()

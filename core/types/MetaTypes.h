@@ -14,11 +14,9 @@ struct SMetaTypes
     int dateTime;
 };
 
-/**
- * Registers the four types together with their stream operators on first use, whichever thread comes first. Whoever
- * makes a payload of one of them, asks for its number or streams a variant goes through here.
- */
-const SMetaTypes& metaTypes();
+/// Registers the four types together with their stream operators on first use, on any thread. Whoever makes a payload of
+/// one of them, asks for its number or streams a variant goes through here.
+SMetaTypes metaTypes();
 
 } // namespace NTypes
 

@@ -1,0 +1,17 @@
+#ifndef TLXCORE_CONSTANTTIME_H
+#define TLXCORE_CONSTANTTIME_H
+
+#include <QString>
+
+/// Looks at every character, so that the time taken does not tell where a guess was wrong.
+inline bool isEqualInConstantTime(const QString& left, const QString& right)
+{
+    uint difference = left.size() == right.size() ? 0 : 1;
+    const int count = qMin(left.size(), right.size());
+    for (int i = 0; i < count; ++i) {
+        difference |= static_cast<uint>(left.at(i).unicode() ^ right.at(i).unicode());
+    }
+    return difference == 0;
+}
+
+#endif // TLXCORE_CONSTANTTIME_H
