@@ -9,8 +9,8 @@
 /**
  * @brief A stopwatch for short code paths that counts processor clock ticks.
  *
- * x86 processors give their time-stamp counter, read without serialising instructions; the counters of all cores are
- * taken to agree. Other processors give the nanoseconds of the steady clock. elapsed() / ticksPerUs() are
+ * Ticks are those of an x86 processor's time-stamp counter, read without serialising instructions; the counters of all
+ * cores are taken to agree. On other processors they are nanoseconds of the steady clock. elapsed() / ticksPerUs() are
  * microseconds.
  * @code
  * CBenchmarkTimer timer;

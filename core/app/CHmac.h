@@ -29,7 +29,7 @@ public:
     CHmac(QCryptographicHash::Algorithm algorithm, const QByteArray& key);
     ~CHmac();
 
-    /// Begins anew with another key.
+    /// Starts again with another key.
     void setKey(const QByteArray& key);
 
     /// Adds a piece of the message.
@@ -59,13 +59,13 @@ public:
     /**
      * @brief The one-time code of the current time step: hotp() of hmacSha1() of the step counter.
      * @param key the shared secret
-     * @param t0 begin of step 0 in seconds since 1970-01-01 UTC; may lie in the future (negative counters)
-     * @param step length of a step in seconds; 0 makes the counter 0 for ever
+     * @param t0 start of step 0 in seconds since 1970-01-01 UTC; may lie in the future (negative counters)
+     * @param step length of a step in seconds; 0 makes the counter always 0
      * @param digits number of decimal digits, as in hotp()
      */
     static quint32 totp(const QByteArray& key, quint64 t0, quint32 step, qint32 digits);
 
-    /// totp() as text of exactly @p digits characters, with zeros in front. Empty when @p digits is below 1, or more
+    /// totp() as text of exactly @p digits characters, padded with zeros on the left. Empty when @p digits is below 1, or more
     /// than a QString can hold (about 10^9).
     static QString totpStr(const QByteArray& key, quint64 t0, quint32 step, qint32 digits);
 

@@ -6,8 +6,8 @@
 #include <QThread>
 
 /**
- * @brief Makes the sleep functions of the thread class callable from anywhere. They block the calling thread, for the
- * given time at least.
+ * @brief Makes the sleep functions of the thread class callable from anywhere. They block the calling thread for at
+ * least the given time.
  * @code
  * CPublicWait::msleep(20);
  * @endcode

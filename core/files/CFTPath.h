@@ -9,7 +9,7 @@
 #include <QString>
 
 /**
- * @brief The entry points of a drive's file transfer: names that stand for the directories of its file system.
+ * @brief The entry points of a drive's file transfer: names for the directories of its file system.
  *
  * A drive keeps its files in a small fixed set of directories. Tools name them by entry point ("CONSTCONFIG/file.ini"
  * for "/opt/TARVENIK/etc/conf/file.ini"). Paths on the drive are absolute, with "/", and do not depend on the host.
@@ -79,8 +79,8 @@ public:
     /**
      * @brief The entry point that a path belongs to, else EP_INVALID.
      *
-     * It is the first, by value, whose name stands at position 0 or 1 of the path, or whose own path the given path
-     * begins with. A name needs no boundary behind it: "OPTION" belongs to EP_OPT. Every absolute path that matches
+     * It is the first, by value, whose name is at position 0 or 1 of the path, or whose own path the given path
+     * begins with. A name needs no boundary after it: "OPTION" belongs to EP_OPT. Every absolute path that matches
      * nothing before belongs to EP_ROOT ("/opt/x", "/OPT/x", "/appdata/x", "/APPDATA/x"): EP_OPT and EP_APPDATA are
      * found by names that do not follow a "/" ("OPT/x", "APPDATA/x").
      */

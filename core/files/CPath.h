@@ -47,7 +47,8 @@ public:
 
     CPath() = default;
 
-    /// The installation: the parent of the directory that holds the running executable.
+    /// The installation: the parent of the directory that holds the running executable. Before there is an application
+    /// object, Qt warns and the parent of the current directory serves.
     static QString installPath();
 
     /// The name of the installation directory, which is the product's name; empty when the parent is a root.
@@ -56,7 +57,7 @@ public:
     /**
      * @brief The user's application data: "<APPDATA>/TARVENIK/<product>/".
      *
-     * The environment variable APPDATA is taken as it stands, as local 8-bit text. When it is not set, the path
+     * The environment variable APPDATA is taken unchanged, as local 8-bit text. When it is not set, the path
      * begins with "/".
      */
     static QString appdataPath();

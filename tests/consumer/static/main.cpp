@@ -5,7 +5,8 @@
 
 #include <cstdio>
 
-static const QString gEarly = CPath::CPATH_COMPANY + CUnitParser::mcUNIT_TO_STR_MAP.value(NUnits::UNIT_U16);
+static const QString gEarly = CPath::CPATH_COMPANY + CUnitParser::mcUNIT_TO_STR_MAP.value(NUnits::UNIT_U16)
+                              + QLatin1Char(' ') + CFTPath::INVALID_STR;
 
 int main(int argc, char* argv[])
 {
