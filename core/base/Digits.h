@@ -1,7 +1,7 @@
 #ifndef TLXCORE_DIGITS_H
 #define TLXCORE_DIGITS_H
 
-#include <QChar>
+#include <QString>
 
 #include <array>
 
@@ -25,29 +25,29 @@ constexpr std::array<char16_t, 200> makePairs()
 inline constexpr std::array<char16_t, 200> PAIRS = makePairs();
 
 /// Writes a number in decimal so that its last digit is in front of `end`; returns where the first digit is. 0 has one.
-inline QChar* writeDecimal(QChar* end, quint64 number)
+inline char16_t* writeDecimal(char16_t* end, quint64 number)
 {
     while (number >= 10) {
         const std::size_t pair = 2 * static_cast<std::size_t>(number % 100);
         number /= 100;
-        *--end = QChar(PAIRS[pair + 1]);
-        *--end = QChar(PAIRS[pair]);
+        *--end = PAIRS[pair + 1];
+        *--end = PAIRS[pair];
         if (number == 0) {
             return end;
         }
     }
-    *--end = QChar(static_cast<char16_t>('0' + number));
+    *--end = static_cast<char16_t>('0' + number);
     return end;
 }
 
 /// The digit of a value from 0 to 15, in lower case.
-inline QChar digit(quint64 value)
+constexpr char16_t digit(quint64 value)
 {
-    return QLatin1Char("0123456789abcdef"[value]);
+    return u"0123456789abcdef"[value];
 }
 
 /// As writeDecimal(), in hexadecimal (4 bits a digit) or binary (1 bit).
-inline QChar* writeBits(QChar* end, quint64 number, int bitsPerDigit)
+inline char16_t* writeBits(char16_t* end, quint64 number, int bitsPerDigit)
 {
     do {
         *--end = digit(number & ((1U << bitsPerDigit) - 1));
@@ -56,12 +56,21 @@ inline QChar* writeBits(QChar* end, quint64 number, int bitsPerDigit)
     return end;
 }
 
+/// A text of what was written.
+inline QString text(const char16_t* begin, const char16_t* end)
+{
+    return QString(reinterpret_cast<const QChar*>(begin), static_cast<int>(end - begin));
+}
+
 /// The value of an ASCII digit up to "f" in either case; 16 for every other code unit.
 inline unsigned int valueOf(QChar codeUnit)
 {
     const unsigned int decimal = codeUnit.unicode() - unsigned('0');
+    if (decimal < 10) {
+        return decimal;
+    }
     const unsigned int letter = (codeUnit.unicode() | 0x20U) - unsigned('a');
-    return decimal < 10 ? decimal : letter < 6 ? letter + 10 : 16;
+    return letter < 6 ? letter + 10 : 16;
 }
 
 /// Reads digits of a base up to 16; false where there is none, or another code unit among them. What exceeds 64 bits is

@@ -177,14 +177,14 @@ void CIPv6Address::clear()
 
 QString CIPv6Address::str() const
 {
-    QChar text[GROUPS * (GROUP_DIGITS + 1)];
-    QChar* const end = text + GROUPS * (GROUP_DIGITS + 1);
-    QChar* first = end;
+    char16_t text[GROUPS * (GROUP_DIGITS + 1)];
+    char16_t* const end = text + GROUPS * (GROUP_DIGITS + 1);
+    char16_t* first = end;
     for (std::size_t i = mBytes.size(); i > 0; i -= 2) {
         first = NDigits::writeBits(first, static_cast<quint64>(mBytes[i - 2] | mBytes[i - 1] << 8), 4);
-        *--first = QLatin1Char(':');
+        *--first = u':';
     }
-    return QString(first + 1, static_cast<int>(end - first) - 1);
+    return NDigits::text(first + 1, end);
 }
 
 bool CIPv6Address::operator==(const CIPv6Address& other) const

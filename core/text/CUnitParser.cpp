@@ -14,7 +14,8 @@ using NUnitTable::UNIT_TABLE;
 // The number of the unit of that name, or UNIT_COUNT.
 quint32 findUnit(const QString& text)
 {
-    return CUnitParser::mcSTR_TO_UNIT_MAP.value(text, static_cast<EObjectUnit>(UNIT_COUNT));
+    const auto found = CUnitParser::mcSTR_TO_UNIT_MAP.constFind(text);
+    return found == CUnitParser::mcSTR_TO_UNIT_MAP.constEnd() ? UNIT_COUNT : quint32(found.value());
 }
 
 constexpr NTypes::ETypes typeOf(const SUnitInfo& info)

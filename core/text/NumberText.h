@@ -16,16 +16,20 @@ namespace NNumberText {
 /// left; zeros as fill on the left follow the sign.
 inline void appendDecimal(QString& text, quint64 magnitude, bool negative, int width, char16_t fill)
 {
-    QChar buffer[NDigits::MOST];
-    QChar* const end = buffer + NDigits::MOST;
-    QChar* first = NDigits::writeDecimal(end, magnitude);
+    char16_t buffer[NDigits::MOST];
+    char16_t* const end = buffer + NDigits::MOST;
+    char16_t* first = NDigits::writeDecimal(end, magnitude);
     const bool signFirst = negative && fill == u'0';
     if (negative && !signFirst) {
-        *--first = QLatin1Char('-');
+        *--first = u'-';
     }
     const int count = static_cast<int>(end - first) + (signFirst ? 1 : 0);
     const int before = std::max(width - count, 0);
     const int after = std::max(-width - count, 0);
+    if (text.isEmpty() && before + after == 0 && !signFirst) {
+        text = NDigits::text(first, end);
+        return;
+    }
     const int old = text.size();
     text.resize(old + before + count + after);
     QChar* out = text.data() + old;
@@ -50,9 +54,9 @@ void appendDecimal(QString& text, Wide value, int width, char16_t fill)
 /// negative width all digits, and zeros after them up to |width|, as QString::arg fills.
 inline void appendBits(QString& text, quint64 bits, int width, int bitsPerDigit)
 {
-    QChar buffer[NDigits::MOST];
-    QChar* end = buffer + NDigits::MOST;
-    const QChar* const first = NDigits::writeBits(end, bits, bitsPerDigit);
+    char16_t buffer[NDigits::MOST];
+    char16_t* end = buffer + NDigits::MOST;
+    const char16_t* const first = NDigits::writeBits(end, bits, bitsPerDigit);
     const int digits = static_cast<int>(end - first);
     const int total = width < 0 ? std::max(digits, -width) : width;
     const int zerosAfter = width < 0 ? total - digits : 0;
@@ -62,7 +66,7 @@ inline void appendBits(QString& text, quint64 bits, int width, int bitsPerDigit)
         if (i > 0 && i % 4 == 0) {
             *--out = QLatin1Char('.');
         }
-        *--out = i < zerosAfter || end == first ? QLatin1Char('0') : *--end;
+        *--out = QChar(i < zerosAfter || end == first ? u'0' : *--end);
     }
 }
 

@@ -36,21 +36,23 @@ void tst_Digits::numbers_data()
 void tst_Digits::numbers()
 {
     QFETCH(quint64, number);
-    QChar buffer[NDigits::MOST];
-    QChar* const end = buffer + NDigits::MOST;
+    char16_t buffer[NDigits::MOST];
+    char16_t* const end = buffer + NDigits::MOST;
 
-    const QChar* first = NDigits::writeDecimal(end, number);
-    QCOMPARE(QString(first, int(end - first)), QString::number(number));
+    const char16_t* first = NDigits::writeDecimal(end, number);
+    QCOMPARE(NDigits::text(first, end), QString::number(number));
+    QString text = NDigits::text(first, end);
     quint64 read = ~number;
-    QVERIFY(NDigits::read(first, end, 10, read));
+    QVERIFY(NDigits::read(text.cbegin(), text.cend(), 10, read));
     QCOMPARE(read, number);
 
     for (const int bitsPerDigit : {1, 4}) {
         const uint base = 1U << bitsPerDigit;
         first = NDigits::writeBits(end, number, bitsPerDigit);
-        QCOMPARE(QString(first, int(end - first)), QString::number(number, int(base)));
+        QCOMPARE(NDigits::text(first, end), QString::number(number, int(base)));
+        text = NDigits::text(first, end);
         read = ~number;
-        QVERIFY(NDigits::read(first, end, base, read));
+        QVERIFY(NDigits::read(text.cbegin(), text.cend(), base, read));
         QCOMPARE(read, number);
     }
 }

@@ -1,16 +1,13 @@
 #include <core/device/CDeviceHardwareId.h>
 #include <core/tlxCoreQTest.h>
 
+#include <tests/support/Texts.h>
+
 #include <QtTest>
 
 namespace {
 
 constexpr unsigned short NOT_SET = 65535;
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 /// The tag of a row that is named after its text.
 QByteArray tagOf(const char* source)

@@ -2,6 +2,7 @@
 #include <core/tlxCoreQTest.h>
 
 #include <tests/support/StreamBytes.h>
+#include <tests/support/Texts.h>
 
 #include <QHash>
 #include <QtTest>
@@ -9,11 +10,6 @@
 namespace {
 
 constexpr unsigned short NOT_SET = 65535;
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 CDeviceHardwareId makeId(const char* prefix, int platform, int version, int revision, const char* name)
 {

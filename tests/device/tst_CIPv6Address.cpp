@@ -3,6 +3,7 @@
 
 #include <tests/support/MessageLog.h>
 #include <tests/support/StreamBytes.h>
+#include <tests/support/Texts.h>
 
 #include <QHash>
 #include <QtTest>
@@ -12,11 +13,6 @@ namespace {
 /// The address in which every byte differs.
 const QByteArray COUNTED = QByteArray::fromHex("000102030405060708090a0b0c0d0e0f");
 const QByteArray ZEROS(16, '\0');
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 } // namespace
 

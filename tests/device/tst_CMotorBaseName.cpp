@@ -3,17 +3,13 @@
 
 #include <tests/support/MessageLog.h>
 #include <tests/support/StreamBytes.h>
+#include <tests/support/Texts.h>
 
 #include <QtTest>
 
 #include <type_traits>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 CMotorBaseName makeMotor(const char* manufacturer, const char* name, const char* number)
 {

@@ -2,6 +2,7 @@
 #include <core/tlxCoreQTest.h>
 
 #include <tests/support/StreamBytes.h>
+#include <tests/support/Texts.h>
 
 #include <QHash>
 #include <QtTest>
@@ -9,11 +10,6 @@
 #include <utility>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 CMotorBaseName makeMotor(const char* manufacturer, const char* name, const char* number)
 {

@@ -1,6 +1,7 @@
 #include <core/text/CStr.h>
 
 #include <tests/support/HostileTexts.h>
+#include <tests/support/Texts.h>
 
 #include <QDataStream>
 #include <QRegExp>
@@ -10,11 +11,6 @@
 #include <cstring>
 
 namespace {
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 // Translates every text of the context "CStr" into "T:" and itself.
 class MarkingTranslator : public QTranslator
@@ -179,9 +175,7 @@ void tst_CStr::indexOfAmpersand_data()
     QTest::newRow("alone") << text("&") << -1;
     QTest::newRow("before a digit") << text("&1") << 0;
     QTest::newRow("before an underscore") << text("a&_") << 0;
-    QTest::newRow("before a letter beyond ASCII") << text("&\xD6"
-                                                          "ffnen")
-                                                  << 0;
+    QTest::newRow("before a letter beyond ASCII") << text("&\u00D6ffnen") << 0;
     QTest::newRow("before a Greek letter") << QStringLiteral(u"x&\u03A9") << 0;
     QTest::newRow("empty") << QString() << -1;
 }

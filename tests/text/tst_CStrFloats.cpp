@@ -1,18 +1,11 @@
 #include <core/text/CStr.h>
 
+#include <tests/support/Texts.h>
+
 #include <QLocale>
 #include <QtTest>
 
 #include <limits>
-
-namespace {
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-} // namespace
 
 class tst_CStrFloats : public QObject
 {

@@ -1,6 +1,7 @@
 #include <core/text/CStr.h>
 
 #include <tests/support/MessageLog.h>
+#include <tests/support/Texts.h>
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -78,11 +79,6 @@ SForms formsOf(const QString& reader)
 bool hasBaseInFallback(const QString& reader)
 {
     return reader.contains(QLatin1Char('U'));
-}
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
 }
 
 } // namespace

@@ -1,17 +1,10 @@
 #include <core/text/CStr.h>
 
+#include <tests/support/Texts.h>
+
 #include <QtTest>
 
 #include <limits>
-
-namespace {
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
-
-} // namespace
 
 /// The phrasings of revisions, serial numbers and memory sizes.
 class tst_CStrPhrases : public QObject

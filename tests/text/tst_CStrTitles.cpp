@@ -1,16 +1,12 @@
 #include <core/text/CStr.h>
 
 #include <tests/support/InstalledProgram.h>
+#include <tests/support/Texts.h>
 
 #include <QFileInfo>
 #include <QtTest>
 
 namespace {
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 const QLocale gGerman(QLocale::German, QLocale::Germany);
 

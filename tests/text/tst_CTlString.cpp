@@ -1,5 +1,7 @@
 #include <core/text/CTlString.h>
 
+#include <tests/support/Texts.h>
+
 #include <QDebug>
 #include <QRandomGenerator>
 #include <QtTest>
@@ -17,11 +19,6 @@ constexpr quint8 HEX = CTlString::NOTATION_HEX;
 constexpr quint8 DUAL = CTlString::NOTATION_DUAL;
 constexpr qint64 SMALLEST = std::numeric_limits<qint64>::min();
 constexpr qint64 LARGEST = std::numeric_limits<qint64>::max();
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 QByteArray tag(const QString& value, SFormat format)
 {

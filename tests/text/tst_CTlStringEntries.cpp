@@ -1,5 +1,7 @@
 #include <core/text/CTlString.h>
 
+#include <tests/support/Texts.h>
+
 #include <QtTest>
 
 using SFormat = CTlString::SFormatValue;
@@ -16,11 +18,6 @@ struct SRow
     const char* expected;
     bool fits;
 };
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 } // namespace
 

@@ -1,5 +1,7 @@
 #include <core/text/CTlString.h>
 
+#include <tests/support/Texts.h>
+
 #include <QLocale>
 #include <QtTest>
 
@@ -14,11 +16,6 @@ constexpr quint8 FIXED = CTlString::NOTATION_FIXED_POINT;
 constexpr quint8 HEX = CTlString::NOTATION_HEX;
 constexpr quint8 DUAL = CTlString::NOTATION_DUAL;
 constexpr qint64 SMALLEST = std::numeric_limits<qint64>::min();
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 void addRow(const char* s, SFormat format, double factor, qint64 expected)
 {

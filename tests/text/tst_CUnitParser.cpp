@@ -2,6 +2,8 @@
 
 #include <tests/text/UnitRows.h>
 
+#include <tests/support/Texts.h>
+
 #include <QtTest>
 
 #include <cmath>
@@ -13,11 +15,6 @@ const QString gEarlyName = CUnitParser::mcUNIT_TO_STR_MAP.value(NUnits::UNIT_JER
 const NUnits::EObjectUnit gEarlyUnit = CUnitParser::mcSTR_TO_UNIT_MAP.value(QStringLiteral("UNIT_kg"));
 const NTypes::ETypes gEarlyType = CUnitParser::mcTYPE_MAP.value(QStringLiteral("CHARSTR128"));
 const NUnits::EObjectUnit gEarlyLookUp = CUnitParser::strToUnit(QStringLiteral("UNIT_RPM"));
-
-QString text(const char* latin1)
-{
-    return QString::fromLatin1(latin1);
-}
 
 } // namespace
 

@@ -1,14 +1,10 @@
+#include <tests/support/Texts.h>
 #include <tests/support/TlxProcess.h>
 
 #include <QJsonArray>
 #include <QtTest>
 
 namespace {
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 
 QString dataFile(const QString& name)
 {
