@@ -6,6 +6,11 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <cstdlib>
+#ifdef Q_OS_LINUX
+#include <unistd.h>
+#endif
+
 namespace {
 
 // 40 directories of 50 files each, as a tree of parameter files is.
@@ -77,5 +82,74 @@ void BM_ListPaths_QDirIterator(benchmark::State& state)
     }
 }
 BENCHMARK(BM_ListPaths_QDirIterator)->Name("BM_ListPaths/QDirIterator");
+
+#ifdef Q_OS_LINUX
+/// 1,000 files of 4 KiB in 20 directories, below the given directory.
+QString smallFiles(const QString& below)
+{
+    const QString root = below + QStringLiteral("/source");
+    for (int i = 0; i < 1000; ++i) {
+        const QString folder = QStringLiteral("%1/%2").arg(root).arg(i % 20);
+        QDir().mkpath(folder);
+        QFile file(QStringLiteral("%1/%2.par").arg(folder).arg(i));
+        file.open(QIODevice::WriteOnly);
+        file.write(QByteArray(4096, 'x'));
+    }
+    return root;
+}
+
+/// Copies the files to where they lie, and removes the copy unmeasured. `copy` gets both paths.
+template <typename Copy>
+void copyTree(benchmark::State& state, const QString& place, Copy copy)
+{
+    const QTemporaryDir directory(place + QStringLiteral("/bench_CDir_XXXXXX"));
+    if (!directory.isValid()) {
+        state.SkipWithError("no such file system");
+        return;
+    }
+    const QString source = smallFiles(directory.path());
+    const QString target = directory.filePath(QStringLiteral("copy"));
+    for (auto _ : state) {
+        if (!copy(source, target)) {
+            state.SkipWithError("not copied");
+        }
+        state.PauseTiming();
+        QDir(target).removeRecursively();
+        ::sync();
+        state.ResumeTiming();
+    }
+}
+
+bool copyByTlx(const QString& source, const QString& target)
+{
+    return CDir::copyDirectoryRecursive(source, target);
+}
+
+// What a user would type for the same promise.
+bool copyByShell(const QString& source, const QString& target)
+{
+    const QString command = QStringLiteral("cp -r '%1' '%2' && sync -f '%2'").arg(source, target);
+    return std::system(QFile::encodeName(command).constData()) == 0;
+}
+
+void measureOnDisk(benchmark::internal::Benchmark* run)
+{
+    run->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
+}
+
+// The current directory stands for a disk, /dev/shm is a tmpfs.
+BENCHMARK_CAPTURE(copyTree, disk_tlx, QDir::currentPath(), copyByTlx)
+    ->Name("BM_CopyTree/disk/tlx")
+    ->Apply(measureOnDisk);
+BENCHMARK_CAPTURE(copyTree, disk_cp, QDir::currentPath(), copyByShell)
+    ->Name("BM_CopyTree/disk/cp")
+    ->Apply(measureOnDisk);
+BENCHMARK_CAPTURE(copyTree, tmpfs_tlx, QStringLiteral("/dev/shm"), copyByTlx)
+    ->Name("BM_CopyTree/tmpfs/tlx")
+    ->Apply(measureOnDisk);
+BENCHMARK_CAPTURE(copyTree, tmpfs_cp, QStringLiteral("/dev/shm"), copyByShell)
+    ->Name("BM_CopyTree/tmpfs/cp")
+    ->Apply(measureOnDisk);
+#endif
 
 } // namespace

@@ -96,8 +96,17 @@ bool makeDirectory(const QString& directory)
     if (!isPath(directory)) {
         return false;
     }
-    CPath::createDirIfWanted(QDir(directory).absolutePath(), !QFileInfo(directory).isDir());
+    if (QFileInfo(directory).isDir()) {
+        return true;
+    }
+    CPath::createDirIfWanted(QDir(directory).absolutePath(), true);
     return QFileInfo(directory).isDir();
+}
+
+// The path is never part of the format: "%n" in a name is a name.
+void print(const char* message, const QString& path)
+{
+    std::printf("%s%s", message, path.toLocal8Bit().constData());
 }
 
 // Only of regular files: a copy of a pipe or of /dev/zero would never end. Never over an existing file.
@@ -106,17 +115,29 @@ bool copyRegularFile(const QString& src, const QString& dst)
     return QFileInfo(src).isFile() && QFile::copy(src, dst);
 }
 
+void printCopyFailure(const QString& dst)
+{
+    print("\nCDir::copyFile unable to copy ", dst);
+}
+
+template <typename Copy>
+bool copyIntoDirectory(const QString& src, const QString& dst, Copy copy)
+{
+    if (isPath(src) && isPath(dst)) {
+        makeDirectory(QFileInfo(dst).absolutePath());
+        if (QFileInfo(src).isFile() && copy(src, dst)) {
+            return true;
+        }
+    }
+    printCopyFailure(dst);
+    return false;
+}
+
 // Replacing a file needs a file in that place which is not the source itself.
 bool isReplaceable(const QString& dst, const QString& src)
 {
     const QFileInfo destination(dst);
     return !destination.exists() || (destination.isFile() && destination != QFileInfo(src));
-}
-
-// The path is never part of the format: "%n" in a name is a name.
-void print(const char* message, const QString& path)
-{
-    std::printf("%s%s", message, path.toLocal8Bit().constData());
 }
 
 // A filter that names no kind of entry matches nothing; Qt would still give links to devices and pipes.
@@ -189,14 +210,8 @@ bool CDir::copyDirectory(const QString& src, const QString& dst)
 
 bool CDir::copyFile(const QString& src, const QString& dst)
 {
-    if (isPath(src) && isPath(dst)) {
-        makeDirectory(QFileInfo(dst).absolutePath());
-        if (copyRegularFile(src, dst)) {
-            return true;
-        }
-    }
-    print("\nCDir::copyFile unable to copy ", dst);
-    return false;
+    return copyIntoDirectory(src, dst,
+                             [](const QString& from, const QString& to) { return QFile::copy(from, to); });
 }
 
 bool CDir::copyFileF(const QString& src, const QString& dst)
@@ -242,16 +257,23 @@ bool CDir::copyDirectoryRecursive(const QString& src, const QString& dst,
     const QString root = source.canonicalFilePath();
     const QFileInfoList entries = entryInfoListRecursive(root, {}, WALK_FILTERS);
     const QString target = CPath::ensurePathSeparatorAtEnd(dst);
+    NPlatform::FileCopier copier;
+    const auto copyNew = [&](const QString& from, const QString& to) { return copier.copyNew(from, to); };
     int done = 0;
     for (const QFileInfo& entry : entries) {
         const QString path = entry.filePath();
         const QString copy = target + getRelativeSubPath(root, path);
-        const bool copied = entry.isDir() ? copyDirectory(path, copy) : copyFile(path, copy);
+        const bool copied =
+            entry.isDir() ? copyDirectory(path, copy) : copyIntoDirectory(path, copy, copyNew);
         const bool isTree = entry.isDir() && !entry.isSymLink();
         if (!copied || (isTree && hasUnlistedEntries(entry))) {
             return false;
         }
         progress(++done, entries.size());
+    }
+    if (!copier.writeThrough()) {
+        printCopyFailure(dst);
+        return false;
     }
     return true;
 }

@@ -93,6 +93,9 @@ public:
      * directory. Stops at the first failure: a file that exists already, a directory that cannot be read, one that
      * holds a name in no encoding of the system, which no listing shows.
      *
+     * On Linux the copies are written through to the disk together, after the last one. Where the disk fails then, this
+     * is a failure, and the copies are removed.
+     *
      * @return true when all is copied, also when there is nothing under `src`; `dst` is not created then
      */
     static bool copyDirectoryRecursive(const QString& src, const QString& dst);

@@ -1,7 +1,9 @@
 #ifndef TLXCORE_PLATFORM_H
 #define TLXCORE_PLATFORM_H
 
+#include <QHash>
 #include <QString>
+#include <QStringList>
 #include <QtGlobal>
 
 class QFile;
@@ -20,6 +22,26 @@ bool renameNew(const QString& from, const QString& to);
 
 /// The directory has an entry, not a hidden one, that Qt's listings lack: its name is in no encoding of the system.
 bool hasUnlistedEntry(const QString& directory);
+
+/// Copies files one by one, and writes the copies through to the disk together where the system can.
+class FileCopier
+{
+public:
+    FileCopier() = default;
+    ~FileCopier();
+
+    /// Copies a file with its permissions. `to` comes into being as a whole; fails when there is something at `to`.
+    bool copyNew(const QString& from, const QString& to);
+
+    /// Waits until all copies are on the disk; removes them when that fails.
+    bool writeThrough();
+
+private:
+    Q_DISABLE_COPY(FileCopier)
+
+    QStringList mCopies;
+    QHash<quint64, int> mFileSystems; ///< An open file of each one that has copies.
+};
 
 /// Reads up to `size` bytes at a position of an open, unbuffered file; how many there were, 0 after an error.
 qint64 readAt(QFile& file, qint64 pos, char* data, qint64 size);

@@ -64,6 +64,18 @@ bool NPlatform::hasUnlistedEntry(const QString&)
     return false; // names are UTF-16 here as they are in Qt
 }
 
+NPlatform::FileCopier::~FileCopier() = default;
+
+bool NPlatform::FileCopier::copyNew(const QString& from, const QString& to)
+{
+    return QFile::copy(from, to);
+}
+
+bool NPlatform::FileCopier::writeThrough()
+{
+    return true;
+}
+
 qint64 NPlatform::readAt(QFile& file, qint64 pos, char* data, qint64 size)
 {
     return file.seek(pos) ? std::max<qint64>(file.read(data, size), 0) : 0;
