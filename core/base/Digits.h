@@ -5,7 +5,8 @@
 
 #include <array>
 
-/// The one writer and the one reader of decimal, hexadecimal and binary digits.
+/// The one writer and the one reader of decimal, hexadecimal and binary digits. A code unit is a QChar or, in a buffer that
+/// nobody clears first, a char16_t.
 namespace NDigits {
 
 /// The most digits of a 64-bit number: binary ones.
@@ -24,33 +25,35 @@ constexpr std::array<char16_t, 200> makePairs()
 
 inline constexpr std::array<char16_t, 200> PAIRS = makePairs();
 
-/// Writes a number in decimal so that its last digit is in front of `end`; returns where the first digit is. 0 has one.
-inline char16_t* writeDecimal(char16_t* end, quint64 number)
-{
-    while (number >= 10) {
-        const std::size_t pair = 2 * static_cast<std::size_t>(number % 100);
-        number /= 100;
-        *--end = PAIRS[pair + 1];
-        *--end = PAIRS[pair];
-        if (number == 0) {
-            return end;
-        }
-    }
-    *--end = static_cast<char16_t>('0' + number);
-    return end;
-}
-
 /// The digit of a value from 0 to 15, in lower case.
 constexpr char16_t digit(quint64 value)
 {
     return u"0123456789abcdef"[value];
 }
 
+/// Writes a number in decimal so that its last digit is in front of `end`; returns where the first digit is. 0 has one.
+template <typename CodeUnit>
+CodeUnit* writeDecimal(CodeUnit* end, quint64 number)
+{
+    while (number >= 10) {
+        const std::size_t pair = 2 * static_cast<std::size_t>(number % 100);
+        number /= 100;
+        *--end = CodeUnit(PAIRS[pair + 1]);
+        *--end = CodeUnit(PAIRS[pair]);
+        if (number == 0) {
+            return end;
+        }
+    }
+    *--end = CodeUnit(digit(number));
+    return end;
+}
+
 /// As writeDecimal(), in hexadecimal (4 bits a digit) or binary (1 bit).
-inline char16_t* writeBits(char16_t* end, quint64 number, int bitsPerDigit)
+template <typename CodeUnit>
+CodeUnit* writeBits(CodeUnit* end, quint64 number, int bitsPerDigit)
 {
     do {
-        *--end = digit(number & ((1U << bitsPerDigit) - 1));
+        *--end = CodeUnit(digit(number & ((1U << bitsPerDigit) - 1)));
         number >>= bitsPerDigit;
     } while (number != 0);
     return end;
