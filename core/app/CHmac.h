@@ -12,8 +12,8 @@
 /**
  * @brief Keyed message authentication codes (HMAC, RFC 2104) and the one-time codes of this family of tools.
  *
- * An object computes one code over a message that comes in pieces; the static functions do it in one call. Keys come
- * from the caller, none is kept in the library.
+ * An object computes one code over a message that is added in pieces; the static functions do it in one call. Keys come from
+ * the caller; the library contains none.
  *
  * The one-time codes have the shape of HOTP (RFC 4226) and TOTP (RFC 6238), but counter, encoding and truncation are
  * this family's own: a standard authenticator shows other codes. One tool makes them, another checks them.
@@ -25,7 +25,7 @@
 class TLXCORE_EXPORT CHmac
 {
 public:
-    /// A computation with this hash algorithm and key.
+    /// Constructs a computation with this hash algorithm and key.
     CHmac(QCryptographicHash::Algorithm algorithm, const QByteArray& key);
     ~CHmac();
 
@@ -35,24 +35,30 @@ public:
     /// Adds a piece of the message.
     void addData(const QByteArray& data);
 
-    /// Forgets the message, keeps the key.
+    /// Discards the message and keeps the key.
     void resetData();
 
-    /// The raw bytes of the code over all pieces added.
+    /// Returns the raw bytes of the code over all pieces added.
     QByteArray result() const;
 
-    /// The raw HMAC of @p message under @p key.
+    /// Returns the raw HMAC of @p message under @p key.
     static QByteArray hmac(const QByteArray& message, QCryptographicHash::Algorithm algorithm,
                            const QByteArray& key);
 
-    /// The HMAC-SHA1 of @p message under @p key as Base64 text (28 characters), not as raw bytes.
+    /// Returns the HMAC-SHA1 of @p message under @p key as Base64 text (28 characters), not as raw bytes.
     static QByteArray hmacSha1(const QByteArray& message, const QByteArray& key);
 
     /**
      * @brief Reduces a code to a number of @p digits decimal digits.
-     * @return The first four bytes as a little-endian signed 32-bit number, shifted right by one bit, then modulo 10
-     * to the power @p digits. 0 for less than four bytes and for @p digits of 0 and below; 10 digits and more leave
-     * the number whole.
+     *
+     * @code
+     * CHmac::hotp(QByteArray::fromHex("02000000"), 6);    // 1
+     * CHmac::hotp(QByteArray::fromHex("feffffff"), 6);    // 967295: 0xFFFFFFFF modulo 10^6
+     * @endcode
+     *
+     * @return The first four bytes as a little-endian signed 32-bit number, arithmetically shifted right by one bit, taken as
+     * an unsigned number, modulo 10 to the power @p digits. 0 for fewer than four bytes and for @p digits of 0 and below; 10
+     * digits and more return the whole number.
      */
     static quint32 hotp(const QByteArray& code, qint32 digits);
 
@@ -71,11 +77,11 @@ public:
 
     /**
      * @brief Checks a one-time code against the current step and the @p window steps before it.
-     * @return 0 when it is valid, 1 when it is not, 2 when its length is not @p digits. A window of 2^31 and more is
-     * read as a negative number, and nothing is valid then.
+     * @return 0 if the code is valid, 1 if not, 2 if its length is not @p digits. A window of 2^31 and more is taken as a
+     * negative number; nothing is valid then.
      *
-     * Codes of coming steps are not valid. The time taken grows with the window (two HMACs a step) and does not tell
-     * at which character a code was wrong.
+     * Codes of future steps are not valid. The time taken grows with the window (two HMACs a step) and does not reveal at
+     * which character a code was wrong.
      */
     static int validateTotp(const QString& code, const QByteArray& key, quint64 t0, quint32 step,
                             qint32 digits, quint32 window);

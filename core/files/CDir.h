@@ -14,16 +14,16 @@
 /**
  * @brief Copies, removes, lists and trashes files and directory trees.
  *
- * Paths may be relative to the current directory, except where removeDirectory() is concerned. What an operation was
- * asked is what it touches:
- * - An empty path, or one with a zero character in it, is refused by every operation that removes, copies or trashes,
- *   and lists nothing.
- * - A path that is a link ("link", "link/") is removed and trashed as a link, whatever it points to, also to nothing.
- *   A recursive walk lists a link to a directory and never descends through it.
- * - An operation on many entries stops at the first failure; what it had not touched by then stays as it is.
+ * Paths may be relative to the current directory, except in removeDirectory(). Operations touch only the paths they are
+ * given:
+ * - An empty path, or one that contains a zero character, is rejected by every operation that removes, copies or trashes;
+ *   listings of it are empty.
+ * - A path that is a link ("link", "link/") is removed and trashed as a link, whatever it points to. A recursive walk lists
+ *   a link to a directory and never descends through it.
+ * - An operation on many entries stops at the first failure. Entries that it has not reached stay as they are.
  *
- * Failures are results, never exceptions. Some operations also print a line on standard output, which begins with a
- * line break and carries the path in the local 8-bit encoding.
+ * Failures are results, never exceptions. Some operations also print a line on standard output. It begins with a line
+ * break and contains the path in the local 8-bit encoding.
  *
  * @code
  * if (!CDir::copyFileF(download, CPath::imagePath(true) + QStringLiteral("drive.img"))) { ... }
@@ -36,9 +36,9 @@ public:
     /// Results of moveToTrash().
     enum ETrashResult : int
     {
-        TRASH_DONE = 0,    ///< It lies in the recycle bin.
-        TRASH_FAILED = 1,  ///< The system refused; nothing was moved.
-        TRASH_NO_PATH = 10 ///< There is nothing of this path.
+        TRASH_DONE = 0,    ///< The path was moved to the recycle bin.
+        TRASH_FAILED = 1,  ///< The system failed; nothing was moved.
+        TRASH_NO_PATH = 10 ///< The path does not exist.
     };
 
     /// Removes one file or link.
@@ -50,13 +50,13 @@ public:
     /**
      * @brief Removes a directory and everything under it, hidden and read-only entries too, or a link alone.
      *
-     * @return true when nothing of this path is left, also when there was nothing; false for a file and for the root
-     *         of a file system, which stay untouched
+     * @return true if the path does not exist afterwards, also if it did not before; false for a file and for the root of
+     *         a file system, which stay untouched
      */
     static bool removeDirectoryRecursive(const QString& path);
 
     /**
-     * @brief Makes sure that the directory `dst` exists; copies no contents, `src` is not looked at.
+     * @brief Creates the directory `dst` if it does not exist. Copies no contents; `src` is not used.
      *
      * A missing directory is created with its parents and gets the permissions rwxrwxr-x. A failure prints
      * "\nCDir::copyDirectory unable to create %s" with the directory's path.
@@ -64,9 +64,9 @@ public:
     static bool copyDirectory(const QString& src, const QString& dst);
 
     /**
-     * @brief Copies a file; makes the directory of `dst` like copyDirectory().
+     * @brief Copies a file. Creates the directory of `dst` as copyDirectory() does.
      *
-     * An existing `dst` is not overwritten: the copy fails. So does one of anything but a regular file or a link to
+     * An existing `dst` is not overwritten: the copy fails. It also fails for anything but a regular file or a link to
      * one. A failure prints "\nCDir::copyFile unable to copy %s" with `dst`.
      */
     static bool copyFile(const QString& src, const QString& dst);
@@ -75,13 +75,13 @@ public:
      * @brief Copies a file over an existing one.
      *
      * The existing `dst` is renamed to "~" and its name, `src` is copied, and the renamed file is removed whatever the
-     * copy's result: after a failed copy there is neither the old nor a new file. A link in the place of `dst` is
+     * result of the copy: after a failed copy neither the old nor a new file exists. If `dst` is a link, the link is
      * replaced, not followed.
      *
-     * Refused, with everything left as it is: `dst` and `src` are the same file, by whatever names; `dst` is a
-     * directory, a device or a pipe; something of the name with "~" exists already.
+     * Rejected without any change: `dst` and `src` are the same file, by whatever names; `dst` is a directory, a device or
+     * a pipe; the name with "~" exists already.
      *
-     * @return true when `dst` is the copy
+     * @return true if `dst` is the copy
      */
     static bool copyFileF(const QString& src, const QString& dst);
 
@@ -89,75 +89,75 @@ public:
      * @brief Copies everything under `src` into `dst`, with copyFile() and copyDirectory().
      *
      * The source is listed before the first copy, so `dst` may lie inside `src`. Hidden entries, devices, pipes and
-     * links to nothing are left out. A link to a file becomes a copy of that file, one to a directory an empty
+     * dangling links are omitted. A link to a file becomes a copy of that file, one to a directory an empty
      * directory. Stops at the first failure: a file that exists already, a directory that cannot be read, one that
-     * holds a name in no encoding of the system, which no listing shows.
+     * has a name not representable in the system's encoding (listings omit those).
      *
      * On Linux the copies are written through to the disk together, after the last one. Where the disk fails then, this
      * is a failure, and the copies are removed.
      *
-     * @return true when all is copied, also when there is nothing under `src`; `dst` is not created then
+     * @return true if everything was copied, also if `src` is empty; `dst` is not created then
      */
     static bool copyDirectoryRecursive(const QString& src, const QString& dst);
 
-    /// The same, and calls `progress` behind every entry with the number of entries copied and of all.
+    /// As above; calls `progress` after every entry with the number of entries copied and the total.
     static bool copyDirectoryRecursive(const QString& src, const QString& dst,
                                        const std::function<void(int done, int total)>& progress);
 
     /**
-     * @brief `path` as seen from the directory `basePath`; empty when both are equal.
+     * @brief Returns `path` relative to the directory `basePath`; empty if both are equal.
      *
      * Either may have native separators, the result has "/". Otherwise it is what QDir(basePath).relativeFilePath(path)
      * returns: a relative path comes back cleaned, whatever the base.
      */
     static QString getRelativeSubPath(const QString& basePath, const QString& path);
 
-    /// Qt's flags of a filter, always with hidden entries and without "." and "..".
+    /// Returns Qt's flags of a filter, always with hidden entries and without "." and "..".
     static QDir::Filters toDirFilter(NtlxGlobal::EDirFilter filter);
 
-    /// One level of a directory, sorted by name. No name filters: every name.
+    /// Lists one level of a directory, sorted by name. Without name filters every name matches.
     static QFileInfoList entryInfoList(const QString& path, const QStringList& nameFilters,
                                        QDir::Filters filters);
     static QFileInfoList entryInfoList(const QString& path, const QStringList& nameFilters,
                                        NtlxGlobal::EDirFilter filter);
 
-    /// One level of a directory, sorted by name, without the file names (case-sensitive) in `excludedNames`.
+    /// Lists one level of a directory, sorted by name, without the file names (case-sensitive) in `excludedNames`.
     static QFileInfoList entryInfoList(const QString& path, NtlxGlobal::EDirFilter filter,
                                        const QStringList& excludedNames);
 
-    /// The whole tree under a directory in the order of QDirIterator. Name filters do not limit where it descends.
+    /// Lists the whole tree under a directory in the order of QDirIterator. Name filters do not limit the descent.
     static QFileInfoList entryInfoListRecursive(const QString& path, const QStringList& nameFilters,
                                                 QDir::Filters filters);
     static QFileInfoList entryInfoListRecursive(const QString& path, const QStringList& nameFilters,
                                                 NtlxGlobal::EDirFilter filter);
 
-    /// `path` first, then the path of every entry under it, without hidden ones, in the order of QDirIterator.
+    /// Returns `path`, then the path of every entry under it, without hidden ones, in the order of QDirIterator.
     static QStringList listFilesAndDirectories(const QString& path);
 
-    /// The same as file infos.
+    /// As above, as file infos.
     static QFileInfoList listFileAndDirInfos(const QString& path);
 
     /**
      * @brief Removes a file, a link or, as removeDirectory() does, an empty directory.
      *
-     * A failure prints "\n CDir::removeFileOrDirectory: unable to remove %s", and for what is no file also the paths
-     * of listFilesAndDirectories(), each as "\n %s", and "\n--------------". A missing path is such a failure.
+     * A failure prints "\n CDir::removeFileOrDirectory: unable to remove %s". Unless the path is a file, it also prints the
+     * paths of listFilesAndDirectories(), each as "\n %s", and "\n--------------". A missing path is such a failure.
      *
-     * @return true when nothing of this path is left, also when there was nothing; false for an empty path
+     * @return true if the path does not exist afterwards, also if it did not before; false for an empty path
      */
     static bool removeFileOrDirectory(const QString& path);
 
-    /// removeFileOrDirectory() on each path in order, also after a failure; true when every one gave true.
+    /// Calls removeFileOrDirectory() on each path in order, also after a failure. Returns true if every call did.
     static bool removeFilesByPathList(const QStringList& paths);
 
     /**
      * @brief Moves a file, directory or link to the recycle bin, without asking and without a window.
      *
-     * On Windows the absolute path must be shorter than 260 UTF-16 units. Elsewhere it goes to the trash of
-     * freedesktop.org, which is made below the user's data directory when it is missing; a link to nothing cannot be
+     * On Windows the absolute path must be shorter than 260 UTF-16 code units. Elsewhere the path is moved to the
+     * freedesktop.org trash, which is created below the user's data directory if necessary. A dangling link cannot be
      * trashed there.
      *
-     * @return a value of ETrashResult
+     * @return An ETrashResult.
      */
     static int moveToTrash(const QString& path);
 

@@ -25,7 +25,7 @@
  * | 32    | EP_OPT             | "OPT"          | "/opt/"                   |
  * | 64    | EP_APPDATA         | "APPDATA"      | "/appdata/"               |
  *
- * Upper and lower case differ everywhere. A number that is none of these counts as EP_INVALID.
+ * Names and paths are case-sensitive. An unknown number counts as EP_INVALID.
  *
  * @code
  * const auto entryPoint = CFTPath::fromPath(path);                    // "/tmp/trace/a.bin": EP_TMP
@@ -39,7 +39,7 @@ public:
     /// One entry point, never a combination.
     enum EEntryPoint : quint32
     {
-        EP_INVALID = 0,      ///< None.
+        EP_INVALID = 0,      ///< No entry point.
         EP_CONSTCONFIG = 1,  ///< Constant configuration.
         EP_TARVENIK = 2,     ///< The maker's directory at the root.
         EP_OPT_TARVENIK = 4, ///< The installed firmware's directory.
@@ -49,7 +49,7 @@ public:
         EP_APPDATA = 64      ///< Data of applications.
     };
 
-    static const QString INVALID_STR;         ///< "<invalid>": name and path of what is no entry point.
+    static const QString INVALID_STR;         ///< "<invalid>": name and path of an unknown entry point.
     static const QString PATH_AUTOSTART;      ///< "autostart/"
     static const QString PATH_BIN;            ///< "bin/"
     static const QString PATH_CONFIGURATIONS; ///< "configurations/"
@@ -61,19 +61,19 @@ public:
 
     CFTPath() = default;
 
-    /// The names of all eight rows, EP_INVALID included, ordered by value.
+    /// Returns the names of all eight rows, EP_INVALID included, ordered by value.
     static QMap<EEntryPoint, QString> entryStrMap();
 
-    /// All eight values in ascending order; the first is EP_INVALID.
+    /// Returns all eight values in ascending order; the first is EP_INVALID.
     static QList<EEntryPoint> entryPoints();
 
-    /// The name; "<invalid>" for EP_INVALID and for numbers that are no entry point.
+    /// Returns the name; "<invalid>" for EP_INVALID and for unknown numbers.
     static QString toString(EEntryPoint entryPoint);
 
-    /// The entry point of exactly this name, else EP_INVALID.
+    /// Returns the entry point of exactly this name, else EP_INVALID.
     static EEntryPoint toEntryPoint(const QString& name);
 
-    /// The path on the drive; "<invalid>" for EP_INVALID and for numbers that are no entry point.
+    /// Returns the path on the drive; "<invalid>" for EP_INVALID and for unknown numbers.
     static QString toPath(EEntryPoint entryPoint);
 
     /**
@@ -86,7 +86,7 @@ public:
      */
     static EEntryPoint fromPath(const QString& path);
 
-    /// `path` without the entry point's own path at its front; unchanged when it begins otherwise.
+    /// Returns `path` without the entry point's own path at its front; unchanged if it begins otherwise.
     static QString toRelativePath(const QString& path, EEntryPoint entryPoint);
 };
 

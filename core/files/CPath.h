@@ -8,13 +8,13 @@
 /**
  * @brief Where the files of a tool lie, and helpers that join and tidy paths.
  *
- * There are three trees: the installation (programs, read-only configuration, texts, images, documents), the user's
+ * The files are in three trees: the installation (programs, read-only configuration, texts, images, documents), the user's
  * application data (configuration, logs) and the user's documents (motor and parameter files, data, projects). The
- * user's trees of different tools are told apart by productName(), the name of the installation directory.
+ * user's trees of different tools differ in productName(), the name of the installation directory.
  *
- * Every directory is an absolute path that ends in "/", so that a file name can be appended. No function reports a
- * failure. A function that takes `create` makes the missing directory when it is true, see
- * createDirIfWanted(); when it is false, nothing touches the disk.
+ * Every directory is returned as an absolute path that ends in "/", so a file name can be appended. No function reports a
+ * failure. A function that takes `create` creates the missing directory if it is true, see createDirIfWanted(); otherwise
+ * it does not access the disk.
  *
  * A "separator" is "/" or the platform's own QDir::separator(). A name that begins with ":" is a file name like any
  * other; only a path that begins with ":/" is a Qt resource.
@@ -29,7 +29,7 @@ class TLXCORE_EXPORT CPath
 {
 public:
     static const QString CPATH_BIN;     ///< "bin/": programs and libraries.
-    static const QString CPATH_LIB;     ///< "lib/": unused, the libraries lie beside the programs.
+    static const QString CPATH_LIB;     ///< "lib/": unused; libraries are beside the programs.
     static const QString CPATH_ETC;     ///< "etc/"
     static const QString CPATH_TXT;     ///< "etc/txt/"
     static const QString CPATH_IMG;     ///< "etc/image/"
@@ -47,15 +47,15 @@ public:
 
     CPath() = default;
 
-    /// The installation: the parent of the directory that holds the running executable. Before there is an application
+    /// Returns the installation: the parent of the directory that contains the running executable. Before there is an application
     /// object, Qt warns and the parent of the current directory serves.
     static QString installPath();
 
-    /// The name of the installation directory, which is the product's name; empty when the parent is a root.
+    /// Returns the name of the installation directory, which is the product's name; empty if that directory is a root.
     static QString productName();
 
     /**
-     * @brief The user's application data: "<APPDATA>/TARVENIK/<product>/".
+     * @brief Returns the user's application data: "<APPDATA>/TARVENIK/<product>/".
      *
      * The environment variable APPDATA is taken unchanged, as local 8-bit text. When it is not set, the path
      * begins with "/".
@@ -63,16 +63,16 @@ public:
     static QString appdataPath();
 
     /**
-     * @brief The user's documents: "<documents>/TARVENIK/<product>/".
+     * @brief Returns the user's documents: "<documents>/TARVENIK/<product>/".
      *
      * On Windows the shell names the documents folder (SHGetFolderPathA, at most 259 characters of the system's code
-     * page). The home directory serves when the shell names none, when the folder's name has letters that the code
-     * page lacks, and on other systems.
+     * page). The home directory is used if the shell returns none, if the folder's name has letters outside that code page,
+     * and on other systems.
      */
     static QString userdataPath();
 
     static QString binPath(bool create);   ///< "bin/" of the installation.
-    static QString libPath(bool create);   ///< The same as binPath(): libraries lie beside the programs.
+    static QString libPath(bool create);   ///< The same as binPath(): libraries are beside the programs.
     static QString etcPath(bool create);   ///< "etc/" of the installation.
     static QString txtPath(bool create);   ///< "etc/txt/" of the installation.
     static QString imagePath(bool create); ///< "etc/image/" of the installation.
@@ -87,29 +87,28 @@ public:
     static QString projectPath(bool create);     ///< "project/" of the user's documents.
 
     /**
-     * @brief Returns `path` unchanged; makes the directory, with its parents, when `create` is true and it is missing.
+     * @brief Returns `path` unchanged; creates the directory with its parents if `create` is true and it does not exist.
      *
-     * A directory made here gets the permissions rwxrwxr-x, whatever the process's mask; its parents, and whatever
-     * was there before (a file in the way too), are left alone. Several programs may make the same directory at once.
+     * A new directory gets the permissions rwxrwxr-x, whatever the process's mask. Its parents, and whatever existed before
+     * (also a file in the way), are not changed. Several programs may create the same directory at once.
      * A failure is silent.
      */
     static QString createDirIfWanted(const QString& path, bool create);
 
-    /// Whether the name contains a separator.
+    /// Returns true if the name contains a separator.
     static bool doesFilenameContainPath(const QString& name);
 
     /**
-     * @brief A bare file name made absolute, in the directory that contains `path`.
+     * @brief Makes a bare file name absolute, in the directory that contains `path`.
      *
-     * "C:/a/b/" and "C:/a/b/x.txt" both stand for "C:/a/b". A name that is empty or contains a separator is given
-     * unchanged.
+     * "C:/a/b/" and "C:/a/b/x.txt" both mean "C:/a/b". A name that is empty or contains a separator is returned unchanged.
      */
     static QString prependPathIfNoPathIsGiven(const QString& fileName, const QString& path);
 
-    /// The bare file name when its directory is `path` (as QDir compares directories), else `fileName` unchanged.
+    /// Returns the bare file name if its directory is `path` (as QDir compares directories), else `fileName` unchanged.
     static QString trimPathIfPathIsEqual(const QString& fileName, const QString& path);
 
-    /// The absolute directory that contains `name`, without a separator at the end; empty for an empty name.
+    /// Returns the absolute directory that contains `name`, without a separator at the end; empty for an empty name.
     static QString filePath(const QString& name);
 
     /// Appends "/" unless the text ends in a separator; an empty text becomes "/".
@@ -131,10 +130,10 @@ public:
     static QString addFileNameToPath(const QString& path, const QString& fileName);
 
     /**
-     * @brief A file name that file systems take, always absolute.
+     * @brief Returns a file name that file systems accept, always absolute.
      *
      * White space of the name is simplified first, then the characters < > : ! ? | and " are removed. "*" and "\"
-     * stay. The directory part is not cleaned; a bare name is taken to lie in the current directory.
+     * stay. The directory part is not cleaned. A bare name is in the current directory.
      */
     static QString cleanFileName(const QString& fileName);
 };

@@ -18,18 +18,18 @@ class TarReadAhead;
 /**
  * @brief Reads archives in the ustar interchange format (IEEE Std 1003.1) from a file.
  *
- * loadFile() indexes all members once; their contents are then read one by one, by index or by name. Nothing is
- * ever written or extracted to disk. Archives of GNU tar ("ustar" and a blank) are read as well.
+ * loadFile() indexes all members once. Their contents are then read one by one, by index or by name. Nothing is written or
+ * extracted to disk. Archives of GNU tar ("ustar" and a blank) are read, too.
  *
- * Of a header only name, size, kind, link target and magic are read. The prefix of a long name is not, so such a
- * name comes out as its last part; the checksum is not verified; a text ends at its first zero byte, not at the
- * end of its field, so a name of exactly 100 characters carries the text of the mode field behind it. The size is
- * such a text as well, of octal digits; one that fills its field may end with a blank. Names are Latin-1. Reading
- * a header never leaves its 512 bytes.
+ * Only name, size, kind, link target and magic of a header are read:
+ * - The prefix of a long name is ignored, so only the last part of such a name is returned.
+ * - The checksum is not verified.
+ * - A text ends at its first zero byte, not at the end of its field, so a name of exactly 100 characters continues with the
+ *   text of the mode field. Reading never leaves the 512 bytes of the header. Names are Latin-1.
+ * - The size is such a text of octal digits. One that fills its field may end with a blank.
  *
- * Every failure returns false and leaves its text, translated with the context "CTar", in error(), where it stays
- * until the next error replaces it. Two failures are silent: a size that is not an octal number, and an unknown
- * member name.
+ * A failure returns false and sets error() to a text, translated in the context "CTar". The text stays until the next error
+ * replaces it. Two failures are silent: a size that is not an octal number, and an unknown member name.
  * @code
  * CTar tar;
  * QByteArray image;
@@ -45,52 +45,52 @@ public:
     ~CTar();
 
     /**
-     * @brief Closes the archive that was open, opens and indexes another.
-     * @return False when it cannot be opened or a header cannot be read; the members before that header stay
-     * indexed then, and the archive stays open.
+     * @brief Closes the open archive, then opens and indexes another.
+     * @return false if it cannot be opened or a header cannot be read. The members before that header stay indexed then, and
+     * the archive stays open.
      *
      * Regular files (and links to them) and Qt's resources are opened: a directory, pipe or device fails.
      */
     bool loadFile(const QString& fileName);
 
-    /// Number of members.
+    /// Returns the number of members.
     int count() const;
 
-    /// Member names in archive order.
+    /// Returns the member names in archive order.
     QStringList names() const;
 
-    /// Headers of all members in archive order, put together for each call; info() gives one.
+    /// Returns the headers of all members in archive order, assembled by each call; info() returns one.
     QList<CTarFileInfo> infos() const;
 
-    /// The header of one member; an invalid info when @p index is not in 0 to count() - 1.
+    /// Returns the header of one member; an invalid info if @p index is not in 0 to count() - 1.
     CTarFileInfo info(int index) const;
 
-    /// Index of the first member of this name (exact, case-sensitive), -1 when there is none.
+    /// Returns the index of the first member of this name (exact, case-sensitive), or -1 for an unknown name.
     int index(const QString& name) const;
 
     /**
      * @brief Reads the contents of one member.
-     * @param data takes the contents, and is untouched when the result is false.
-     * @return False when no archive is open, there is no such index, or the archive does not hold all bytes that the
-     * header promises. No more memory is reserved than the archive has bytes left; error() counts those. A member that
+     * @param data Receives the contents; untouched if the result is false.
+     * @return false if no archive is open, the index is out of range, or the archive does not contain all bytes that the
+     * header declares. No more memory is reserved than the archive has bytes left; error() counts those. A member that
      * does not fit a QByteArray (2 GiB and more) is not read.
      */
     bool file(int index, QByteArray& data);
 
-    /// Reads the contents of the first member of this name; false, without an error text, when there is none.
+    /// Reads the contents of the first member of this name. Returns false, without an error text, for an unknown name.
     bool file(const QString& name, QByteArray& data);
 
-    /// The text of the last error; later successes do not clear it. Empty when there was none.
+    /// Returns the text of the last error; later successes do not clear it. Empty if no error occurred.
     QString error() const;
 
     /**
      * @brief Reads the header block at byte @p pos of the open archive, and adds the member to the index.
-     * @param pos moves on to the next header; unchanged when the result is false or the archive ends here.
-     * @param end is set when the block is all zero, which ends the archive; it is never cleared.
-     * @return False when no archive is open, @p pos is negative, fewer than 512 bytes are left, the magic is not
-     * "ustar", or the size is not an octal number from 0 to what a 64-bit position can reach (silently).
+     * @param pos Moves to the next header; unchanged if the result is false or the archive ends here.
+     * @param end Set if the block is all zero, which ends the archive; never cleared.
+     * @return false if no archive is open, @p pos is negative, fewer than 512 bytes are left, the magic is not "ustar", or
+     * (silently) the size is not an octal number from 0 to what a 64-bit position can reach.
      *
-     * loadFile() does this from 0 to the end; a member that is read again is in the index again.
+     * loadFile() does this from 0 to the end. A member that is read again is in the index again.
      */
     bool readFileHeader(qint64& pos, bool& end);
 

@@ -32,13 +32,13 @@ public:
         TYPE_DIRECTORY = 3 ///< Directory.
     };
 
-    /// A cleared, invalid info.
+    /// Constructs a cleared, invalid info.
     CTarFileInfo() = default;
 
     /// Sets the kind to TYPE_INVALID, both texts to empty and both numbers to 0.
     void clear();
 
-    /// True when the kind is not TYPE_INVALID.
+    /// Returns true if the kind is not TYPE_INVALID.
     bool isValid() const { return mType != TYPE_INVALID; }
 
     qint32 mType = TYPE_INVALID; ///< Member kind, an EType.
@@ -48,11 +48,11 @@ public:
     qint64 mPos = 0;             ///< Byte offset of the header block; the data begins 512 bytes later.
 };
 
-/// True when all fields are equal.
+/// Returns true if all fields are equal.
 TLXCORE_EXPORT bool operator==(const CTarFileInfo& left, const CTarFileInfo& right);
-/// True when any field differs.
+/// Returns true if any field differs.
 TLXCORE_EXPORT bool operator!=(const CTarFileInfo& left, const CTarFileInfo& right);
-/// A hash over all fields.
+/// Returns a hash of all fields.
 TLXCORE_EXPORT uint qHash(const CTarFileInfo& info, uint seed = 0) noexcept;
 /// Shows the type and all fields.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CTarFileInfo& info);

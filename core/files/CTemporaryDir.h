@@ -9,8 +9,8 @@
 /**
  * @brief A directory of a fresh, unique name below QDir::tempPath() that is removed with the object.
  *
- * The object has the interface of QTemporaryDir and forwards to one. When the directory could not be created,
- * isValid() is false and path() is empty.
+ * The object has the interface of QTemporaryDir and forwards to one. If the directory could not be created, isValid() is
+ * false and path() is empty.
  *
  * @code
  * const CTemporaryDir unpacked;
@@ -20,26 +20,26 @@
 class TLXCORE_EXPORT CTemporaryDir
 {
 public:
-    /// Creates the directory; removal with the object is on.
+    /// Creates the directory. autoRemove() is on.
     CTemporaryDir();
 
-    /// Removes the directory and everything in it (links as links) when autoRemove() is on.
+    /// Removes the directory and everything in it (links as links) if autoRemove() is on.
     ~CTemporaryDir();
 
     CTemporaryDir(const CTemporaryDir&) = delete;
     CTemporaryDir& operator=(const CTemporaryDir&) = delete;
 
-    /// Whether the directory was created.
+    /// Returns true if the directory was created.
     bool isValid() const;
 
-    /// The absolute path, without a separator at the end; empty when the directory could not be created.
+    /// Returns the absolute path, without a separator at the end; empty if the directory could not be created.
     QString path() const;
 
-    /// Whether the directory goes when the object does.
+    /// Returns or sets whether the directory is removed with the object.
     bool autoRemove() const;
     void setAutoRemove(bool autoRemove);
 
-    /// Removes the directory and everything in it now; false when something of it is left or it never was.
+    /// Removes the directory and everything in it now. Returns false if a part remains or it was never created.
     bool remove();
 
 private:

@@ -7,7 +7,7 @@
 /// Enumerations and constants that the tools share.
 namespace NtlxGlobal {
 
-/// What a listing of CDir returns; hidden entries always, "." and ".." never. CDir::toDirFilter() gives Qt's flags.
+/// What a listing of CDir returns; hidden entries always, "." and ".." never. CDir::toDirFilter() returns Qt's flags.
 enum EDirFilter : quint32
 {
     DIR_FILTER_ALL = 0,   ///< Files and directories.

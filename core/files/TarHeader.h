@@ -20,7 +20,7 @@ public:
     /// The end mark of an archive: nothing but zero bytes.
     bool isZero() const;
 
-    /// The magic begins with "ustar", whatever stands behind it (a zero byte, or the blank of GNU tar).
+    /// The magic begins with "ustar", whatever follows (a zero byte, or the blank of GNU tar).
     bool hasMagic() const;
 
     /// A CTarFileInfo::EType.

@@ -31,7 +31,7 @@ public:
     QList<CTarFileInfo> infos() const;
     const QStringList& names();
 
-    /// Index of the first member of this name, -1 when there is none.
+    /// Returns the index of the first member of this name, -1 for an unknown name.
     int find(const QString& name);
 
 private:
