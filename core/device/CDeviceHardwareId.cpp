@@ -13,7 +13,7 @@ namespace {
 
 constexpr int DIGITS = 3;
 constexpr unsigned short NOT_SET = 0xFFFF;
-constexpr unsigned short FIRST_UNUSABLE = 1000;
+constexpr unsigned short NUMBER_LIMIT = 1000;
 
 QRegExp expression(const char* pattern)
 {
@@ -38,11 +38,11 @@ bool isOfForm(const QString& text, int numbers)
 int takeNumber(TextScanner& scanner)
 {
     int number = 0;
-    const auto addDigit = [&number](QChar unit) {
-        if (!NCharacters::isDigit(unit)) {
+    const auto addDigit = [&number](QChar codeUnit) {
+        if (!NCharacters::isDigit(codeUnit)) {
             return false;
         }
-        number = number * 10 + (unit.unicode() < 0x80 ? unit.unicode() - '0' : unit.digitValue());
+        number = number * 10 + (codeUnit.unicode() < 0x80 ? codeUnit.unicode() - '0' : codeUnit.digitValue());
         return true;
     };
     return scanner.take(addDigit, DIGITS) > 0 ? number : -1;
@@ -212,17 +212,17 @@ bool CDeviceHardwareId::checkIVR(const QString& text) const
 
 bool CDeviceHardwareId::isMinimumHardwareId() const
 {
-    return isPrefix(mPrefix) && mPlatform < FIRST_UNUSABLE;
+    return isPrefix(mPrefix) && mPlatform < NUMBER_LIMIT;
 }
 
 bool CDeviceHardwareId::isShortHardwareId() const
 {
-    return isMinimumHardwareId() && mVersion < FIRST_UNUSABLE;
+    return isMinimumHardwareId() && mVersion < NUMBER_LIMIT;
 }
 
 bool CDeviceHardwareId::isFullHardwareId() const
 {
-    return isShortHardwareId() && mRevision < FIRST_UNUSABLE;
+    return isShortHardwareId() && mRevision < NUMBER_LIMIT;
 }
 
 QString CDeviceHardwareId::minimumHardwareId() const

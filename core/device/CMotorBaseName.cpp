@@ -11,17 +11,18 @@
 namespace {
 
 /// "[0-9a-zA-Z\-&\+]".
-bool isPartUnit(QChar unit)
+bool isPartCharacter(QChar codeUnit)
 {
-    const ushort lower = unit.unicode() | 0x20;
-    return NCharacters::isAsciiDigit(unit) || (lower >= 'a' && lower <= 'z') || unit == QLatin1Char('-')
-           || unit == QLatin1Char('&') || unit == QLatin1Char('+');
+    const ushort lower = codeUnit.unicode() | 0x20;
+    return NCharacters::isAsciiDigit(codeUnit) || (lower >= 'a' && lower <= 'z')
+           || codeUnit == QLatin1Char('-') || codeUnit == QLatin1Char('&') || codeUnit == QLatin1Char('+');
 }
 
 /// The same class, not sensitive to case: dotless i, long s and the Kelvin sign are cases of i, s and k.
-bool isPartUnitOfAnyCase(QChar unit)
+bool isPartCharacterOfAnyCase(QChar codeUnit)
 {
-    return isPartUnit(unit) || unit == QChar(0x0131) || unit == QChar(0x017F) || unit == QChar(0x212A);
+    return isPartCharacter(codeUnit) || codeUnit == QChar(0x0131) || codeUnit == QChar(0x017F)
+           || codeUnit == QChar(0x212A);
 }
 
 /// The end of a part for the setters: "(\t\r|$)". A trailing tab and carriage return belong to the part.
@@ -33,7 +34,7 @@ bool isPartEnd(TextScanner& scanner)
 bool isPart(const QString& text)
 {
     TextScanner scanner(text);
-    return scanner.take(isPartUnit) > 0 && isPartEnd(scanner);
+    return scanner.take(isPartCharacter) > 0 && isPartEnd(scanner);
 }
 
 /// Narrower than what the whole name admits, which is any count of digits: callers rely on both.
@@ -49,11 +50,12 @@ bool isFullName(const QString& text, bool numeric)
 {
     TextScanner scanner(text);
     for (int i = 0; i < 2; ++i) {
-        if (scanner.take(isPartUnitOfAnyCase) == 0 || !scanner.takeOne('_')) {
+        if (scanner.take(isPartCharacterOfAnyCase) == 0 || !scanner.takeOne('_')) {
             return false;
         }
     }
-    return scanner.take(numeric ? NCharacters::isAsciiDigit : isPartUnitOfAnyCase) > 0 && scanner.atEnd();
+    return scanner.take(numeric ? NCharacters::isAsciiDigit : isPartCharacterOfAnyCase) > 0
+           && scanner.atEnd();
 }
 
 bool storeIf(bool accepted, QString& part, const QString& text)

@@ -78,14 +78,14 @@ int CStr::indexOfAmpersand(const QString& text)
 int CStr::toUtf16(const QString& text, unsigned short* buffer, int bufferBytes)
 {
     const int room = buffer ? std::max(bufferBytes, 0) / 2 : 0;
-    const int units = std::min(text.size(), room);
-    if (units > 0) {
-        std::memcpy(buffer, text.constData(), static_cast<std::size_t>(units) * sizeof(*buffer));
+    const int codeUnits = std::min(text.size(), room);
+    if (codeUnits > 0) {
+        std::memcpy(buffer, text.constData(), static_cast<std::size_t>(codeUnits) * sizeof(*buffer));
     }
-    if (units < room) {
-        buffer[units] = 0;
+    if (codeUnits < room) {
+        buffer[codeUnits] = 0;
     }
-    return units;
+    return codeUnits;
 }
 
 QString CStr::fromUtf16(const QByteArray& bytes)

@@ -61,11 +61,11 @@ public:
         constexpr SFormatValue() = default;
 
         /// Constructs a descriptor from its four fields.
-        constexpr SFormatValue(qint8 fraction, qint8 characters, qint8 shift, quint8 writtenAs)
+        constexpr SFormatValue(qint8 fraction, qint8 characters, qint8 shift, quint8 notationNumber)
             : fractionDigits(fraction)
             , width(characters)
             , preShift(shift)
-            , notation(writtenAs)
+            , notation(notationNumber)
         {}
 
         /// Constructs a descriptor from the packed form.

@@ -48,7 +48,7 @@ QString joinedGroups(const QString& part)
     return digits;
 }
 
-SEntry readEntry(const QString& text, bool dual, bool hasFraction)
+SEntry readEntry(const QString& text, bool binary, bool hasFraction)
 {
     SEntry entry;
     QString body = text.trimmed();
@@ -56,15 +56,15 @@ SEntry readEntry(const QString& text, bool dual, bool hasFraction)
     if (entry.negative || body.startsWith(QLatin1Char('+'))) {
         body.remove(0, 1);
     }
-    if (!dual && body.startsWith(QLatin1String("0x"), Qt::CaseInsensitive)) {
+    if (!binary && body.startsWith(QLatin1String("0x"), Qt::CaseInsensitive)) {
         body.remove(0, 2);
     }
     const int colon = hasFraction ? body.indexOf(QLatin1Char(':')) : -1;
     entry.integer = joinedGroups(body.left(colon));
     entry.fraction = joinedGroups(colon < 0 ? QString() : body.mid(colon + 1));
     const QString digits = entry.integer + entry.fraction;
-    entry.isNumber = !digits.isEmpty() && std::all_of(digits.begin(), digits.end(), [dual](QChar c) {
-        return NDigits::valueOf(c) < (dual ? 2 : 16);
+    entry.isNumber = !digits.isEmpty() && std::all_of(digits.begin(), digits.end(), [binary](QChar c) {
+        return NDigits::valueOf(c) < (binary ? 2 : 16);
     });
     return entry;
 }
@@ -108,10 +108,10 @@ QString CTlString::validateLowerString(const QString& s, SFormatValue format)
 
 bool CTlString::validateHexStr(QString& s, SFormatValue format)
 {
-    const bool dual = format.notation == NOTATION_DUAL;
+    const bool binary = format.notation == NOTATION_DUAL;
     const bool wasEmpty = s.isEmpty();
     const int fractionDigits = std::max<int>(format.fractionDigits, 0);
-    const SEntry entry = readEntry(wasEmpty ? QStringLiteral("0") : s, dual, fractionDigits > 0);
+    const SEntry entry = readEntry(wasEmpty ? QStringLiteral("0") : s, binary, fractionDigits > 0);
     if (!entry.isNumber) {
         return false;
     }

@@ -10,24 +10,17 @@ namespace {
 
 using SFormatValue = CTlString::SFormatValue;
 
-bool isSeparator(QChar unit)
+bool isSeparator(QChar codeUnit)
 {
-    return unit == QLatin1Char('.') || unit == QLatin1Char(':');
+    return codeUnit == QLatin1Char('.') || codeUnit == QLatin1Char(':');
 }
 
-QString withoutSeparators(const QString& text)
+QString withoutSeparators(QString text)
 {
-    if (std::none_of(text.begin(), text.end(), isSeparator)) {
-        return text;
+    if (std::any_of(text.cbegin(), text.cend(), isSeparator)) {
+        text.truncate(static_cast<int>(std::remove_if(text.begin(), text.end(), isSeparator) - text.begin()));
     }
-    QString digits;
-    digits.reserve(text.size());
-    for (const QChar unit : text) {
-        if (!isSeparator(unit)) {
-            digits += unit;
-        }
-    }
-    return digits;
+    return text;
 }
 
 // The product as bits of a 64-bit number; narrower types take their own from it, so all but quint64 go by qint64.
@@ -68,7 +61,7 @@ quint64 hexBits(QString text, SFormatValue format, double factor, bool& ok)
 }
 
 template <typename T>
-quint64 dualBits(QString text, SFormatValue format, double factor, bool& ok)
+quint64 binaryBits(QString text, SFormatValue format, double factor, bool& ok)
 {
     CTlString::validateHexStr(text, format);
     const quint64 bits = NNumberReading::readUnsigned(withoutSeparators(text), 2, ok);
@@ -88,7 +81,7 @@ quint64 notationBits(const QString& text, SFormatValue format, double factor, bo
     case CTlString::NOTATION_HEX:
         return hexBits<T>(text, format, factor, ok);
     case CTlString::NOTATION_DUAL:
-        return dualBits<T>(text, format, factor, ok);
+        return binaryBits<T>(text, format, factor, ok);
     default:
         ok = false;
         return 0;
