@@ -11,7 +11,8 @@
 
 // Says where the program that it is finds its directories. Arguments: "create" makes them ("installed": only those of
 // the installation), "mask" sets a strict mask for new files first. "race" and a directory: makes directories below it, with
-// as many others as do the same, and says how many are missing.
+// as many others as do the same, and says how many are missing. "move" and
+// two names: renames that directory first.
 
 namespace {
 
@@ -48,6 +49,9 @@ int main(int argc, char* argv[])
     if (arguments.value(1) == QLatin1String("race")) {
         print("missing", QString::number(missingAfterRace(arguments.value(2))));
         return 0;
+    }
+    if (arguments.value(1) == QLatin1String("move")) {
+        std::rename(arguments.value(2).toUtf8().constData(), arguments.value(3).toUtf8().constData());
     }
     print("install", CPath::installPath());
     print("product", CPath::productName());

@@ -36,6 +36,7 @@ private Q_SLOTS:
     void installationIsMade();
 #ifndef Q_OS_WIN
     void userTreesAreMade();
+    void foundBeforeFirstCall();
 #endif
     void create_data();
     void create();
@@ -164,6 +165,21 @@ void tst_CPathDirectories::userTreesAreMade()
     // The permissions are those of the directory asked for; what was made above it follows the process's mask.
     const QFile::Permissions parent = permissions(probe.appdata() + QStringLiteral("/TARVENIK/Tool"));
     QCOMPARE(parent, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+// The program's path is found when the application object comes into being, whatever becomes of the directory until the
+// first call.
+void tst_CPathDirectories::foundBeforeFirstCall()
+{
+    const InstalledProgram probe(QStringLiteral(PATH_PROBE));
+    QVERIFY(probe.isValid());
+    const QString moved = probe.root() + QStringLiteral("Prog/Moved");
+
+    const QMap<QString, QString> answers =
+        probe.run({QStringLiteral("move"), probe.install().chopped(1), moved});
+
+    QVERIFY(QFileInfo(moved).isDir());
+    QCOMPARE(answers.value(QStringLiteral("install")), probe.install());
 }
 #endif
 
