@@ -30,6 +30,7 @@
 #define TLX_UNROLL
 #endif
 
+// NOLINTBEGIN(misc-definitions-in-headers): each source that includes this has its own
 namespace NCrc32 {
 namespace {
 
@@ -194,5 +195,6 @@ inline quint32 updateShort(quint32 crc, const uchar* data, std::size_t length)
 
 } // namespace
 } // namespace NCrc32
+// NOLINTEND(misc-definitions-in-headers)
 
 #endif // TLXCORE_CRC32FOLD_H
