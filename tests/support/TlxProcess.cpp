@@ -13,7 +13,8 @@ QString tlxProgram()
     return QStringLiteral(TLX_PROGRAM);
 }
 
-STlxRun runTlx(const QStringList& arguments, const QStringList& environment, const QString& program)
+STlxRun runTlx(const QStringList& arguments, const QStringList& environment, const QString& program,
+               const QByteArray& input)
 {
     QProcess process;
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
@@ -22,6 +23,8 @@ STlxRun runTlx(const QStringList& arguments, const QStringList& environment, con
     }
     process.setProcessEnvironment(variables);
     process.start(program.isEmpty() ? tlxProgram() : program, arguments);
+    process.write(input);
+    process.closeWriteChannel();
     STlxRun run;
     if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit) {
         run.exitCode = process.exitCode();

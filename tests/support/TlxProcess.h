@@ -19,8 +19,8 @@ struct STlxRun
 QString tlxProgram();
 
 /// Runs tlx with these arguments; `environment` holds "NAME=value" texts that are set in addition. `program` is a copy
-/// of it elsewhere (empty: the one that was built).
-STlxRun runTlx(const QStringList& arguments, const QStringList& environment = {},
-               const QString& program = {});
+/// of it elsewhere (empty: the one that was built). `input` is its standard input.
+STlxRun runTlx(const QStringList& arguments, const QStringList& environment = {}, const QString& program = {},
+               const QByteArray& input = {});
 
 #endif // TLXTEST_TLXPROCESS_H

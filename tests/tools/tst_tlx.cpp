@@ -11,7 +11,9 @@ QList<QByteArray> commandNames()
     QList<QByteArray> names;
     for (int i = lines.indexOf("Commands:") + 1; i > 0 && i < lines.size() && lines.at(i).startsWith("  ");
          ++i) {
-        names << lines.at(i).trimmed().split(' ').first();
+        if (lines.at(i).at(2) != ' ') { // not the rest of a summary
+            names << lines.at(i).trimmed().split(' ').first();
+        }
     }
     return names;
 }
@@ -29,7 +31,8 @@ private Q_SLOTS:
     void help();
     void everyCommandHasHelp();
     void manualPage();
-    void bashCompletion();
+    void version();
+    void helpCommand();
 };
 
 void tst_tlx::wrongUsage_data()
@@ -39,7 +42,25 @@ void tst_tlx::wrongUsage_data()
 
     QTest::newRow("no command") << QStringList() << QByteArray("Usage: tlx COMMAND");
     QTest::newRow("unknown command") << QStringList{QStringLiteral("walk")}
-                                     << QByteArray("no such command: walk");
+                                     << QByteArray("no such command: walk\n");
+    const auto row = [](const char* line, const char* says) {
+        QTest::newRow(line) << QString::fromLatin1(line).split(QLatin1Char(' ')) << QByteArray(says);
+    };
+    row("vlaue", "tlx: no such command: vlaue: did you mean value?\nSee: tlx --help\n");
+    row("help devcies", "no such command: devcies: did you mean devices?\nSee: tlx help --help\n");
+    row("value U61 1", "no such type: U61: did you mean U16? (the types are UNKNOWN, U8, ");
+    row("value Float 1", "no such type: Float: the types are UNKNOWN, U8, ");
+    row("unit UNIT_U61", "no such unit: UNIT_U61: did you mean UNIT_U16?\n");
+    row("unit speed", "no such unit: speed: \"tlx unit\" lists the units");
+    row("start --unit UNIT_U61=1", "no such unit: UNIT_U61: did you mean UNIT_U16?\n");
+    row("duration 1 mss", "no such unit: mss: did you mean ms?\n");
+    row("stream --kind varient x", "no such kind: varient: did you mean variant?\n");
+    row("stream --stream-version 7 x", "no such stream version: 7: the versions are 5.15, ");
+    row("number --type U61 1", "no such type of numbers: U61: did you mean U64?\n");
+    row("value --jsn U16", "no such option: jsn: did you mean json?\n");
+    row("value I32 -5",
+        "-5 is taken for an option: put -- before the first argument that begins with a dash\n");
+    row("duration -1.5 ms", "-1.5 is taken for an option: put -- before");
 }
 
 void tst_tlx::wrongUsage()
@@ -86,15 +107,27 @@ void tst_tlx::manualPage()
     }
 }
 
-void tst_tlx::bashCompletion()
+void tst_tlx::version()
 {
-    const STlxRun run = runTlx({QStringLiteral("--bash-completion")});
+    const QList<QByteArray> lines = runTlx({QStringLiteral("--version")}).output.split('\n');
+    QCOMPARE(lines.size(), 5);
+    QVERIFY(lines.at(0).startsWith("tlx "));
+    QCOMPARE(lines.at(1), QByteArray("Qt ") + qVersion() + ", built with " + QT_VERSION_STR);
+    QVERIFY(lines.at(2).startsWith("Compiler ") && lines.at(2).size() > 10);
+    const QRegularExpression commit(QStringLiteral("^Commit ([0-9a-f]{7,40}|unknown)$"));
+    QVERIFY2(commit.match(QString::fromLatin1(lines.at(3))).hasMatch(), lines.at(3).constData());
+}
 
-    QCOMPARE(run.exitCode, 0);
-    QVERIFY(run.output.endsWith("complete -o filenames -F _tlx tlx\n"));
+void tst_tlx::helpCommand()
+{
+    QCOMPARE(runTlx({QStringLiteral("help")}).output, runTlx({QStringLiteral("--help")}).output);
     for (const QByteArray& command : commandNames()) {
-        QVERIFY2(run.output.contains("        " + command + ") words=\"--help --json"), command.constData());
+        const QString name = QString::fromLatin1(command);
+        const STlxRun run = runTlx({QStringLiteral("help"), name});
+        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.output, runTlx({name, QStringLiteral("--help")}).output);
     }
+    QCOMPARE(runTlx({QStringLiteral("help"), QStringLiteral("walk")}).exitCode, 2);
 }
 
 QTEST_GUILESS_MAIN(tst_tlx)

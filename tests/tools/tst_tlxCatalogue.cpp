@@ -27,6 +27,8 @@ private Q_SLOTS:
     void unit_data();
     void unit();
     void units();
+    void search_data();
+    void search();
     void noSuchUnit_data();
     void noSuchUnit();
     void company();
@@ -79,10 +81,38 @@ void tst_tlxCatalogue::units()
     QCOMPARE(run.exitCode, 0);
     const QJsonArray rows = run.result().value(QLatin1String("units")).toArray();
     QCOMPARE(rows.size(), 126);
-    QCOMPARE(rows[35][QLatin1String("code")].toString(), QStringLiteral("35"));
+    QCOMPARE(rows[35][QLatin1String("code")].toInt(), 35);
     QCOMPARE(rows[35][QLatin1String("name")].toString(), QStringLiteral("UNIT_res35"));
-    QCOMPARE(rows[125][QLatin1String("size")].toString(), QStringLiteral("8"));
+    QCOMPARE(rows[125][QLatin1String("size")].toInt(), 8);
     QCOMPARE(rows[125][QLatin1String("type")].toString(), QStringLiteral("F64"));
+}
+
+void tst_tlxCatalogue::search_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("names");
+
+    QTest::newRow("part of a name") << QStringLiteral("date_t")
+                                    << QStringList{QStringLiteral("UNIT_DATE_TIME")};
+    QTest::newRow("code, or part of a name")
+        << QStringLiteral("80") << QStringList{QStringLiteral("UNIT_F80"), QStringLiteral("UNIT_DATE_TIME")};
+    QTest::newRow("type") << QStringLiteral("datetime") << QStringList{QStringLiteral("UNIT_DATE_TIME")};
+    QTest::newRow("nothing") << QStringLiteral("furlong") << QStringList();
+}
+
+void tst_tlxCatalogue::search()
+{
+    QFETCH(QString, text);
+    QFETCH(QStringList, names);
+    const STlxRun run =
+        runTlx({QStringLiteral("unit"), QStringLiteral("--json"), QStringLiteral("--search"), text});
+    QCOMPARE(run.exitCode, names.isEmpty() ? 1 : 0);
+    QStringList found;
+    const QJsonArray rows = run.result().value(QLatin1String("units")).toArray();
+    for (const QJsonValue& row : rows) {
+        found << row[QLatin1String("name")].toString();
+    }
+    QCOMPARE(found, names);
 }
 
 void tst_tlxCatalogue::noSuchUnit_data()
@@ -101,9 +131,10 @@ void tst_tlxCatalogue::noSuchUnit()
 
     const STlxRun run = runTlx({QStringLiteral("unit"), QStringLiteral("--json"), argument});
 
-    QCOMPARE(run.exitCode, 1);
-    QCOMPARE(text(run.json().value(QLatin1String("error")).toObject(), "message"),
-             QStringLiteral("no such unit: ") + argument);
+    QCOMPARE(run.exitCode, 2);
+    const QString message = text(run.json().value(QLatin1String("error")).toObject(), "message");
+    QVERIFY2(message.startsWith(QStringLiteral("no such unit: ") + argument + QStringLiteral(": ")),
+             qPrintable(message));
 }
 
 void tst_tlxCatalogue::company()
@@ -121,7 +152,7 @@ void tst_tlxCatalogue::company()
     QStringList products;
     const QJsonArray rows = answer.result().value(QLatin1String("products")).toArray();
     for (const QJsonValue& row : rows) {
-        products << row[QLatin1String("product")].toString();
+        products << QString::number(row[QLatin1String("product")].toInt());
     }
     QCOMPARE(products.join(QLatin1Char(' ')),
              QStringLiteral("90 91 92 93 94 101 102 103 104 105 106 107 108"));
@@ -146,7 +177,7 @@ void tst_tlxCatalogue::absentProduct()
 
     const STlxRun answer = run(tlx, "company --json 999");
 
-    QCOMPARE(answer.exitCode, 0);
+    QCOMPARE(answer.exitCode, 1);
     QCOMPARE(text(answer.result(), "name"), QStringLiteral("PRODUCT999"));
     QCOMPARE(text(answer.result(), "exeFile"), tlx.install() + QStringLiteral("bin/"));
 }
@@ -164,9 +195,9 @@ void tst_tlxCatalogue::paths()
     QCOMPARE(text(answer.result(), "appdata"), tlx.appdata() + QStringLiteral("/TARVENIK/Tool/"));
     const QJsonArray rows = answer.result().value(QLatin1String("directories")).toArray();
     QCOMPARE(rows.size(), 14);
-    QCOMPARE(rows[0][QLatin1String("exists")].toString(), QStringLiteral("yes"));
+    QCOMPARE(rows[0][QLatin1String("exists")], QJsonValue(true));
     QCOMPARE(rows[2][QLatin1String("path")].toString(), tlx.install() + QStringLiteral("etc/"));
-    QCOMPARE(rows[2][QLatin1String("exists")].toString(), QStringLiteral("no"));
+    QCOMPARE(rows[2][QLatin1String("exists")], QJsonValue(false));
     QCOMPARE(tlx.entries(), before);
 }
 
@@ -181,7 +212,7 @@ void tst_tlxCatalogue::pathsOnRequest()
 
     const QJsonArray rows = answer.result().value(QLatin1String("directories")).toArray();
     for (const QJsonValue& row : rows) {
-        QCOMPARE(row[QLatin1String("exists")].toString(), QStringLiteral("yes"));
+        QCOMPARE(row[QLatin1String("exists")], QJsonValue(true));
         QVERIFY(QFileInfo(row[QLatin1String("path")].toString()).isDir());
     }
 #endif

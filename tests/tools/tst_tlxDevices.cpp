@@ -87,7 +87,8 @@ void tst_tlxDevices::hwidForms()
     const QJsonObject result = runTlx({text("hwid"), text("A12_3_X"), text("--json")}).result();
     QCOMPARE(result.value(text("platform")).toInt(), 12);
     QCOMPARE(result.value(text("version")).toInt(), 3);
-    QCOMPARE(result.value(text("revision")).toString(), text("not set"));
+    QVERIFY(result.value(text("revision")).isNull());
+    QVERIFY(runTlx({text("hwid"), text("A12_3_X")}).output.contains("not set"));
     QCOMPARE(result.value(text("name")).toString(), text("X"));
     QCOMPARE(result.value(text("minimum")).toString(), text("A012_X"));
     QCOMPARE(result.value(text("short")).toString(), text("A012_003_X"));
@@ -109,12 +110,11 @@ void tst_tlxDevices::motor_data()
     QTest::newRow("in a directory") << QStringList{text("/motors/ACME_M100_1")} << 0 << text("ACME_M100_1")
                                     << 1 << QString();
     QTest::newRow("with a suffix") << QStringList{text("ACME_M100_1.par")} << 1 << QString() << -1
-                                   << text(
-                                          "a file name with a suffix is not taken over: \"ACME_M100_1.par\"");
+                                   << text("a file name with a suffix is not taken over: ACME_M100_1.par");
     QTest::newRow("two parts") << QStringList{text("ACME_M100")} << 1 << QString() << -1
-                               << text("not a motor base name: \"ACME_M100\"");
+                               << text("not a motor base name: ACME_M100");
     QTest::newRow("number of two digits") << QStringList{text("--numeric"), text("A_B_12")} << 1
-                                          << text("A_B_0") << -1 << text("a part is refused: \"A_B_12\"");
+                                          << text("A_B_0") << -1 << text("a part is refused: A_B_12");
     QTest::newRow("letters") << QStringList{text("A_B_C7")} << 0 << text("A_B_C7") << -1 << QString();
 }
 
@@ -143,8 +143,8 @@ void tst_tlxDevices::ip_data()
     QTest::newRow("all groups") << text("FE80:0000:0:0:0:0:0:0001") << 0 << text("fe80:0:0:0:0:0:0:1")
                                 << text("80 fe 00 00 00 00 00 00 00 00 00 00 00 00 01 00") << true;
     const QString zeros = text("00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00");
-    QTest::newRow("compressed sets nothing") << text("::1") << 0 << text("0:0:0:0:0:0:0:0") << zeros << false;
-    QTest::newRow("a group left out") << text("1::2:3:4:5:6:7") << 0 << text("1:0:2:3:4:5:6:7")
+    QTest::newRow("compressed sets nothing") << text("::1") << 1 << text("0:0:0:0:0:0:0:0") << zeros << false;
+    QTest::newRow("a group left out") << text("1::2:3:4:5:6:7") << 1 << text("1:0:2:3:4:5:6:7")
                                       << text("01 00 00 00 02 00 03 00 04 00 05 00 06 00 07 00") << false;
     QTest::newRow("word") << text("hello") << 1 << text("0:0:0:0:0:0:0:0") << zeros << false;
 }
@@ -183,30 +183,30 @@ void tst_tlxDevices::devices()
     QCOMPARE(run.result().value(text("count")).toInt(), 3);
     const QJsonArray list = run.result().value(text("devices")).toArray();
     QCOMPARE(list.size(), 3);
-    const QJsonObject lift{{text("key"), text("5")},
-                           {text("number"), text("5")},
+    const QJsonObject lift{{text("key"), 5},
+                           {text("number"), 5},
                            {text("name"), text("Lift")},
-                           {text("addressType"), text("1")},
+                           {text("addressType"), 1},
                            {text("address"), text("192.168.0.7")},
-                           {text("port"), text("1700")},
+                           {text("port"), 1700},
                            {text("configuration"), text("lift.cfg")},
                            {text("extraText"), text("left")},
                            {text("extraText2"), text("")},
-                           {text("flag1"), text("yes")},
-                           {text("flag2"), text("no")},
-                           {text("value1"), text("-2")},
-                           {text("value2"), text("1")},
-                           {text("valid"), text("yes")}};
+                           {text("flag1"), true},
+                           {text("flag2"), false},
+                           {text("value1"), -2},
+                           {text("value2"), 1},
+                           {text("valid"), true}};
     QCOMPARE(list.at(0).toObject(), lift);
     QCOMPARE(list.at(1).toObject().value(text("name")).toString(), text("T\u00fcr \u65e5"));
     QCOMPARE(list.at(1).toObject().value(text("address")).toString(), text("fe80::1"));
-    QCOMPARE(list.at(2).toObject().value(text("key")).toString(), text("4294967295"));
-    QCOMPARE(list.at(2).toObject().value(text("valid")).toString(), text("no"));
+    QCOMPARE(list.at(2).toObject().value(text("key")).toDouble(), 4294967295.0);
+    QCOMPARE(list.at(2).toObject().value(text("valid")), QJsonValue(false));
     const QJsonArray subs = run.result().value(text("subDevices")).toArray();
     QCOMPARE(subs.size(), 2);
     QCOMPARE(subs.at(0).toObject().value(text("name")).toString(), text("Brake"));
-    QCOMPARE(subs.at(1).toObject().value(text("key")).toString(), text("200"));
-    QCOMPARE(subs.at(1).toObject().value(text("device")).toString(), text("5"));
+    QCOMPARE(subs.at(1).toObject().value(text("key")).toInt(), 200);
+    QCOMPARE(subs.at(1).toObject().value(text("device")).toInt(), 5);
     const QByteArray table = runTlx(QStringList{text("devices")} + arguments).output;
     QVERIFY2(table.contains("lift.cfg") && table.contains("Brake"), table.constData());
 }
@@ -218,9 +218,9 @@ void tst_tlxDevices::duplicates()
     const QJsonArray list = run.result().value(text("devices")).toArray();
     QCOMPARE(list.size(), 2);
     QCOMPARE(list.at(0).toObject().value(text("name")).toString(), text("other"));
-    QCOMPARE(list.at(0).toObject().value(text("number")).toString(), text("9"));
+    QCOMPARE(list.at(0).toObject().value(text("number")).toInt(), 9);
     QCOMPARE(list.at(1).toObject().value(text("name")).toString(), text("mine"));
-    QCOMPARE(list.at(1).toObject().value(text("key")).toString(), text("3"));
+    QCOMPARE(list.at(1).toObject().value(text("key")).toInt(), 3);
 }
 
 void tst_tlxDevices::damagedDevices_data()
@@ -228,17 +228,18 @@ void tst_tlxDevices::damagedDevices_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<int>("offset");
     QTest::addColumn<QString>("message");
+    QTest::addColumn<int>("devices");
     // The head "Two" takes 18 bytes with the count, the first device 75.
     QTest::newRow("unknown kind of address")
-        << text("corrupt.devices") << 93 << text("device 2 of 2 is damaged");
+        << text("corrupt.devices") << 93 << text("device 2 of 2 is damaged") << 1;
     QTest::newRow("end missing") << text("truncated.devices") << 93
-                                 << text("device 2 of 2 is cut off by the end of the file");
+                                 << text("device 2 of 2 is cut off by the end of the file") << 1;
     QTest::newRow("count too large") << text("lying-count.devices") << 204
-                                     << text("device 3 of 4294967295 is cut off by the end of the file");
+                                     << text("device 3 of 4294967295 is cut off by the end of the file") << 2;
     QTest::newRow("head cut off") << text("short-head.devices") << 0
-                                  << text("the list's head is cut off by the end of the file");
+                                  << text("the list's head is cut off by the end of the file") << 0;
     QTest::newRow("bytes behind the list")
-        << text("trailing.devices") << 20 << text("4 bytes follow the list");
+        << text("trailing.devices") << 20 << text("4 bytes follow the list") << 0;
 }
 
 void tst_tlxDevices::damagedDevices()
@@ -252,7 +253,7 @@ void tst_tlxDevices::damagedDevices()
     const QJsonObject error = run.json().value(text("error")).toObject();
     QCOMPARE(error.value(text("message")).toString(), message);
     QCOMPARE(error.value(text("offset")).toInt(-1), offset);
-    QVERIFY(run.result().value(text("devices")).toArray().isEmpty());
+    QTEST(run.result().value(text("devices")).toArray().size(), "devices"); // those before the damage
     const STlxRun forPeople = runTlx({text("devices"), dataFile(file)});
     QCOMPARE(forPeople.exitCode, 1);
     QVERIFY2(forPeople.errorOutput.contains("(byte " + QByteArray::number(offset) + ")"),

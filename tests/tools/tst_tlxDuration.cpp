@@ -43,7 +43,7 @@ void tst_tlxDuration::everyUnit()
              QStringLiteral("1500000000000"));
     const QJsonObject seconds = units.at(4).toObject();
     QCOMPARE(seconds.value(QLatin1String("unit")).toString(), QStringLiteral("s"));
-    QCOMPARE(seconds.value(QLatin1String("value")).toString(), QStringLiteral("1.5"));
+    QCOMPARE(seconds.value(QLatin1String("value")), QJsonValue(1.5));
     QCOMPARE(seconds.value(QLatin1String("count")).toString(), QStringLiteral("2"));
 }
 
@@ -73,7 +73,7 @@ void tst_tlxDuration::converts()
     const STlxRun run = runDuration(arguments);
 
     QCOMPARE(run.exitCode, 0);
-    QCOMPARE(section(run, "converted").value(QLatin1String("value")).toString().toDouble(), value.toDouble());
+    QCOMPARE(section(run, "converted").value(QLatin1String("value")).toDouble(), value.toDouble());
     QCOMPARE(section(run, "converted").value(QLatin1String("count")).toString(), count);
 }
 

@@ -1,6 +1,8 @@
+#include <tests/support/FileTree.h>
 #include <tests/support/TlxProcess.h>
 
 #include <QFile>
+#include <QJsonArray>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -36,6 +38,9 @@ private Q_SLOTS:
     void numberFails();
     void crc_data();
     void crc();
+    void crcOfFiles();
+    void crcChecks_data();
+    void crcChecks();
     void crcFails_data();
     void crcFails();
 };
@@ -146,6 +151,51 @@ void tst_tlxNumber::crc()
     QCOMPARE(done.errorOutput, QByteArray());
 }
 
+void tst_tlxNumber::crcOfFiles()
+{
+    const FileTree tree({QStringLiteral("a=123456789"), QStringLiteral("b=")});
+    const STlxRun done = run("crc", {tree.path(QStringLiteral("a")), tree.path(QStringLiteral("b"))});
+    QCOMPARE(done.exitCode, 0);
+    const QJsonArray files = done.result().value(QLatin1String("files")).toArray();
+    QCOMPARE(files.size(), 2);
+    QCOMPARE(files[0][QLatin1String("crc32")].toString(), QStringLiteral("CBF43926"));
+    QCOMPARE(files[1][QLatin1String("crc32")].toString(), QStringLiteral("00000000"));
+    const STlxRun input =
+        runTlx({QStringLiteral("crc"), QStringLiteral("-"), QStringLiteral("--json")}, {}, {}, "123456789");
+    QCOMPARE(input.result().value(QLatin1String("crc32")).toString(), QStringLiteral("CBF43926"));
+}
+
+void tst_tlxNumber::crcChecks_data()
+{
+    QTest::addColumn<QString>("list");
+    QTest::addColumn<QString>("message");
+
+    const auto row = [](const char* tag, const char* list, const char* message) {
+        QTest::newRow(tag) << QString::fromLatin1(list) << QString::fromLatin1(message);
+    };
+    row("sum and name", "cbf43926  a\n00000000 *b c\n", "");
+    row("name and sum", "; a comment\n\na CBF43926\r\nb c 00000000", "");
+    row("wrong sum", "CBF43927 a\n00000000 b c\n", "a: the CRC-32 is CBF43926, not CBF43927");
+    row("missing file", "CBF43926 a\n00000000 none\n", "none: No such file or directory");
+    row("no sum", "CBF43926 a\nCBF4392 a\n", "line 2 is no sum and name");
+    row("empty", "", "sums names no file");
+}
+
+void tst_tlxNumber::crcChecks()
+{
+    QFETCH(QString, list);
+    QFETCH(QString, message);
+    const FileTree tree(
+        {QStringLiteral("a=123456789"), QStringLiteral("b c="), QStringLiteral("sums=") + list});
+    const InDirectory in(tree.path());
+    const STlxRun done = run("crc", {QStringLiteral("-c"), QStringLiteral("sums")});
+    QCOMPARE(done.exitCode, message.isEmpty() ? 0 : 1);
+    QCOMPARE(done.json().value(QLatin1String("error"))[QLatin1String("message")].toString(), message);
+    const QJsonArray files = done.result().value(QLatin1String("files")).toArray();
+    QCOMPARE(files.size() > 0 && files[0][QLatin1String("right")].toBool(),
+             !list.isEmpty() && !list.startsWith(QLatin1String("CBF43927")));
+}
+
 void tst_tlxNumber::crcFails_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -154,7 +204,8 @@ void tst_tlxNumber::crcFails_data()
     QTest::newRow("missing file") << QStringList{gone.filePath(QStringLiteral("no.bin"))} << 1;
     QTest::newRow("directory") << QStringList{QDir::tempPath()} << 1;
     QTest::newRow("no file") << QStringList() << 2;
-    QTest::newRow("two files") << words("a b") << 2;
+    QTest::newRow("two missing files") << words("/nowhere/a /nowhere/b") << 1;
+    QTest::newRow("files and a list") << words("a --check b") << 2;
 }
 
 void tst_tlxNumber::crcFails()

@@ -35,7 +35,6 @@ private Q_SLOTS:
     void arguments();
     void givenArguments();
     void directories();
-    void makesWhatTheRoadMakes();
     void makesDirectoriesOnRequest();
     void titleAndLog();
     void installedSettingsAnswer();
@@ -122,20 +121,6 @@ void tst_tlxStart::directories()
 #ifndef Q_OS_WIN
     QCOMPARE(paths.value(QStringLiteral("motor")), tlx.home() + QStringLiteral("/TARVENIK/Tool/motor/"));
 #endif
-}
-
-// Opening the settings makes the configuration directory, naming the log file that of the logs; nothing else.
-void tst_tlxStart::makesWhatTheRoadMakes()
-{
-    const InstalledProgram tlx(tlxProgram());
-    QStringList expected = tlx.entries();
-    expected << words("Prog/Tool/etc Prog/Tool/etc/conf appdata appdata/TARVENIK appdata/TARVENIK/Tool "
-                      "appdata/TARVENIK/Tool/log");
-    expected.sort();
-
-    QCOMPARE(start(tlx, {}).exitCode, 0);
-
-    QCOMPARE(tlx.entries(), expected);
 }
 
 void tst_tlxStart::makesDirectoriesOnRequest()
@@ -248,7 +233,7 @@ void tst_tlxStart::values_data()
                                                    QString(), QStringLiteral("2018-05-04T13:22:10")});
     row("UNIT_STRING32=a=b",
         {QStringLiteral("STRING32"), QStringLiteral("64"), QString(), QStringLiteral("a=b"), QString()});
-    row("UNIT_F80=1", {QStringLiteral("UNKNOWN"), QStringLiteral("10"), QString(), QString(), QString()});
+    row("UNIT_F80", {QStringLiteral("UNKNOWN"), QStringLiteral("10"), QString(), QString(), QString()});
 }
 
 void tst_tlxStart::values()
@@ -266,7 +251,7 @@ void tst_tlxStart::values()
     QCOMPARE(rows[0][QLatin1String("unit")].toString(), unit.section(QLatin1Char('='), 0, 0));
     QStringList cells;
     for (const char* key : {"type", "size", "default", "value", "formatted"}) {
-        cells << rows[0][QLatin1String(key)].toString();
+        cells << rows[0][QLatin1String(key)].toVariant().toString();
     }
     QCOMPARE(cells, row);
 }
@@ -277,8 +262,9 @@ void tst_tlxStart::unknownUnit()
 
     const STlxRun run = start(tlx, words("--unit UNIT_U8=1 --unit UNIT_X=1"));
 
-    QCOMPARE(run.exitCode, 1);
-    QCOMPARE(text(run.json(), "error", "message"), QStringLiteral("no such unit: UNIT_X"));
+    QCOMPARE(run.exitCode, 2);
+    const QString message = text(run.json(), "error", "message");
+    QVERIFY2(message.startsWith(QLatin1String("no such unit: UNIT_X: ")), qPrintable(message));
 }
 
 void tst_tlxStart::wrongProduct()

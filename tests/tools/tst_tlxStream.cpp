@@ -20,6 +20,10 @@ private Q_SLOTS:
     void damaged_data();
     void damaged();
     void everyTruncation();
+    void automatic_data();
+    void automatic();
+    void otherOrder();
+    void differences();
     void emptyFile();
     void noFile();
     void wrongUsage_data();
@@ -186,6 +190,75 @@ void tst_tlxStream::everyTruncation()
         QCOMPARE(run.exitCode, whole ? 0 : 1);
         QCOMPARE(offset(run), qint64(whole ? -1 : length < 13 ? 0 : 13));
     }
+}
+
+void tst_tlxStream::automatic_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("order");
+
+    const QString big = QStringLiteral("big-endian");
+    const QString little = QStringLiteral("little-endian");
+    const CVariant number(ushort(7));
+    QTest::newRow("variant") << streamed(number) << QStringLiteral("variant") << big;
+    QTest::newRow("variant, little-endian")
+        << streamed(number, QDataStream::LittleEndian) << QStringLiteral("variant") << little;
+    QTest::newRow("time") << streamed(CTime(1500, CTime::UNIT_MS)) << QStringLiteral("time") << big;
+    QTest::newRow("time, little-endian") << streamed(CTime(1500, CTime::UNIT_MS), QDataStream::LittleEndian)
+                                         << QStringLiteral("time") << little;
+    QTest::newRow("text, little-endian")
+        << streamed(QStringLiteral("drive"), QDataStream::LittleEndian) << QStringLiteral("text") << little;
+}
+
+void tst_tlxStream::automatic()
+{
+    QFETCH(QByteArray, bytes);
+    const QStringList options{QStringLiteral("--kind"), QStringLiteral("auto")};
+    const STlxRun run = runStream(bytes, options);
+    QCOMPARE(run.exitCode, 0);
+    QTEST(run.result().value(QLatin1String("kind")).toString(), "kind");
+    QTEST(run.result().value(QLatin1String("byteOrder")).toString(), "order");
+
+    // Of damaged values the kind that gets furthest is shown.
+    const STlxRun cut = runStream(streamed(CVariant(5)) + QByteArray(7, '\x55'), options);
+    QCOMPARE(cut.exitCode, 1);
+    QCOMPARE(cut.result().value(QLatin1String("kind")).toString(), QStringLiteral("variant"));
+    QCOMPARE(cut.result().value(QLatin1String("values")).toInt(), 1);
+    QCOMPARE(offset(cut), qint64(13));
+}
+
+void tst_tlxStream::otherOrder()
+{
+    const STlxRun little = runStream(streamed(CVariant(5), QDataStream::LittleEndian));
+    QCOMPARE(little.exitCode, 1);
+    QVERIFY2(little.output.contains(": reads with --little-endian"), little.output.constData());
+    const STlxRun big = runStream(streamed(CVariant(5)), {QStringLiteral("--little-endian")});
+    QVERIFY2(big.output.contains(": reads without --little-endian"), big.output.constData());
+    QVERIFY(!runStream(QByteArray(7, '\x55')).output.contains("little-endian\""));
+}
+
+void tst_tlxStream::differences()
+{
+    const QByteArray common = streamed(CVariant(5));
+    runStream(common + streamed(CVariant(ushort(7))));
+    const QString a = mDir->filePath(QStringLiteral("values.bin"));
+    const QString b = mDir->filePath(QStringLiteral("b.bin"));
+    QFile file(b);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(common + streamed(CVariant(7)) + common);
+    file.close();
+    const QStringList diff{QStringLiteral("stream"), QStringLiteral("--json"), QStringLiteral("diff")};
+    QCOMPARE(runTlx(diff + QStringList{a, a}).exitCode, 0);
+    const STlxRun run = runTlx(diff + QStringList{a, b});
+    QCOMPARE(run.exitCode, 1);
+    const QJsonObject second{{QStringLiteral("value"), 1},
+                             {QStringLiteral("a"), QStringLiteral("U16 7")},
+                             {QStringLiteral("b"), QStringLiteral("I32 7")}};
+    const QJsonObject third{{QStringLiteral("value"), 2},
+                            {QStringLiteral("a"), QJsonValue()},
+                            {QStringLiteral("b"), QStringLiteral("I32 5")}};
+    QCOMPARE(run.result().value(QLatin1String("differences")).toArray(), (QJsonArray{second, third}));
 }
 
 void tst_tlxStream::emptyFile()

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void wrongUsage_data();
     void wrongUsage();
     void keyIsNoArgument();
+    void quiet();
     void benchTicks();
 };
 
@@ -190,6 +191,16 @@ void tst_tlxTotp::keyIsNoArgument()
     QCOMPARE(runTlx({QStringLiteral("totp"), QStringLiteral("make"), QStringLiteral("secret")}).exitCode, 2);
     QCOMPARE(
         runTlx({QStringLiteral("totp"), QStringLiteral("make"), QStringLiteral("--key=secret")}).exitCode, 2);
+}
+
+void tst_tlxTotp::quiet()
+{
+    const STlxRun run = runTlx({QStringLiteral("totp"), QStringLiteral("make"), QStringLiteral("--quiet")},
+                               {QStringLiteral("TLX_TOTP_KEY=secret")});
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY2(
+        QRegularExpression(QStringLiteral("^[0-9]{6}\n$")).match(QString::fromLatin1(run.output)).hasMatch(),
+        run.output.constData());
 }
 
 void tst_tlxTotp::benchTicks()

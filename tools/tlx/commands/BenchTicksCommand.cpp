@@ -1,5 +1,4 @@
 #include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
 #include <tools/tlx/report/Report.h>
 
 #include <core/app/CBenchmarkTimer.h>
@@ -21,9 +20,8 @@ int runBenchTicks(const QCommandLineParser& parser, Report& report)
         timer.start();
         shortest = std::min(shortest, timer.elapsed());
     }
-    report.add(QStringLiteral("unit"), QStringLiteral("Unit"), timer.unit());
-    report.add(QStringLiteral("ticksPerUs"), QStringLiteral("Ticks per microsecond"),
-               CBenchmarkTimer::ticksPerUs());
-    report.add(QStringLiteral("shortest"), QStringLiteral("Shortest measurement"), shortest);
+    report.add("unit", "Unit", timer.unit());
+    report.add("ticksPerUs", "Ticks per microsecond", CBenchmarkTimer::ticksPerUs());
+    report.add("shortest", "Shortest measurement", shortest);
     return EXIT_DONE;
 }

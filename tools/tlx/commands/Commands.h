@@ -1,43 +1,73 @@
 #ifndef TLX_COMMANDS_H
 #define TLX_COMMANDS_H
 
-class Report;
-class QCommandLineParser;
+#include <tools/tlx/program/Command.h>
 
-// What the rows of the command table point at: each command lives in a file of its own.
-void addDateTimeOptions(QCommandLineParser& parser);
-int runDateTime(const QCommandLineParser& parser, Report& report);
-int runDuration(const QCommandLineParser& parser, Report& report);
-void addStreamOptions(QCommandLineParser& parser);
-int runStream(const QCommandLineParser& parser, Report& report);
-int runCrc(const QCommandLineParser& parser, Report& report);
-void addNumberOptions(QCommandLineParser& parser);
-int runNumber(const QCommandLineParser& parser, Report& report);
+// What the rows of the command table point at: each command is in a file of its own.
+
+QList<SOption> startOptions();
+int runStart(const QCommandLineParser& parser, Report& report);
+
+QStringList valueWords(int position);
 int runValue(const QCommandLineParser& parser, Report& report);
-int runHwid(const QCommandLineParser& parser, Report& report);
-void addMotorOptions(QCommandLineParser& parser);
-int runMotor(const QCommandLineParser& parser, Report& report);
-int runIp(const QCommandLineParser& parser, Report& report);
-void addDevicesOptions(QCommandLineParser& parser);
-int runDevices(const QCommandLineParser& parser, Report& report);
-int runTar(const QCommandLineParser& parser, Report& report);
-void addTarOptions(QCommandLineParser& parser);
-int runTotp(const QCommandLineParser& parser, Report& report);
-void addTotpOptions(QCommandLineParser& parser);
-int runBenchTicks(const QCommandLineParser& parser, Report& report);
-void addTreeOptions(QCommandLineParser& parser);
-int runTree(const QCommandLineParser& parser, Report& report);
-void addCopyOptions(QCommandLineParser& parser);
-int runCopy(const QCommandLineParser& parser, Report& report);
-int runTrash(const QCommandLineParser& parser, Report& report);
-int runEntry(const QCommandLineParser& parser, Report& report);
 
-void addPathsOptions(QCommandLineParser& parser);
-void addStartOptions(QCommandLineParser& parser);
+QList<SOption> numberOptions();
+int runNumber(const QCommandLineParser& parser, Report& report);
+
+QList<SOption> unitOptions();
+QStringList unitWords(int position);
+int runUnit(const QCommandLineParser& parser, Report& report);
+
+QList<SOption> dateTimeOptions();
+int runDateTime(const QCommandLineParser& parser, Report& report);
+
+QStringList durationWords(int position);
+int runDuration(const QCommandLineParser& parser, Report& report);
+
+QList<SOption> streamOptions();
+QStringList streamWords(int position);
+int runStream(const QCommandLineParser& parser, Report& report);
+
+int runHwid(const QCommandLineParser& parser, Report& report);
+
+QList<SOption> motorOptions();
+int runMotor(const QCommandLineParser& parser, Report& report);
+
+int runIp(const QCommandLineParser& parser, Report& report);
+
+QList<SOption> devicesOptions();
+QStringList devicesWords(int position);
+int runDevices(const QCommandLineParser& parser, Report& report);
+
+QList<SOption> crcOptions();
+int runCrc(const QCommandLineParser& parser, Report& report);
 
 int runCompany(const QCommandLineParser& parser, Report& report);
+
+QList<SOption> pathsOptions();
 int runPaths(const QCommandLineParser& parser, Report& report);
-int runStart(const QCommandLineParser& parser, Report& report);
-int runUnit(const QCommandLineParser& parser, Report& report);
+
+QList<SOption> tarOptions();
+QStringList tarWords(int position);
+int runTar(const QCommandLineParser& parser, Report& report);
+
+QList<SOption> totpOptions();
+QStringList totpWords(int position);
+int runTotp(const QCommandLineParser& parser, Report& report);
+
+int runBenchTicks(const QCommandLineParser& parser, Report& report);
+
+QList<SOption> treeOptions();
+int runTree(const QCommandLineParser& parser, Report& report);
+
+QList<SOption> copyOptions();
+int runCopy(const QCommandLineParser& parser, Report& report);
+
+int runTrash(const QCommandLineParser& parser, Report& report);
+
+int runEntry(const QCommandLineParser& parser, Report& report);
+
+QStringList helpWords(int position);
+int runHelp(const QCommandLineParser& parser, Report& report);
 
 #endif // TLX_COMMANDS_H

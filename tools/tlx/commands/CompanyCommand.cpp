@@ -1,7 +1,7 @@
 #include <tools/tlx/commands/CompanyCommand.h>
 
 #include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
+#include <tools/tlx/commands/UntouchedDirectories.h>
 #include <tools/tlx/report/Report.h>
 
 #include <core/app/CCompanyStrings.h>
@@ -63,14 +63,13 @@ const SProductRow PRODUCT[] = {
 
 void showProducts(Report& report)
 {
-    QList<QStringList> rows;
+    QList<QJsonArray> rows;
     for (int product = 0; product <= HIGHEST_PRODUCT; ++product) {
-        const QString name = CCompanyStrings::getProductName(product);
-        if (name != CCompanyStrings::productSection(product)) {
-            rows << QStringList{QString::number(product), name};
+        if (isProduct(product)) {
+            rows << QJsonArray{product, CCompanyStrings::getProductName(product)};
         }
     }
-    report.addTable(QStringLiteral("products"), {QStringLiteral("product"), QStringLiteral("name")}, rows);
+    report.addTable("products", {"product", "name"}, rows);
 }
 
 void showCompany(Report& report)
@@ -96,19 +95,30 @@ QString settingsFile()
     return QFile::exists(installed) ? installed : QStringLiteral(":/tlxCore/data/Setup.Ini");
 }
 
+bool isProduct(int product)
+{
+    return CCompanyStrings::getProductName(product) != CCompanyStrings::productSection(product);
+}
+
 int runCompany(const QCommandLineParser& parser, Report& report)
 {
     const QStringList arguments = parser.positionalArguments();
     bool isNumber = true;
     const int product = arguments.isEmpty() ? 0 : arguments.first().toInt(&isNumber);
     if (arguments.size() > 1 || !isNumber) {
-        return wrongUsage(report, QStringLiteral("takes at most one product, its number"));
+        return wrongUsage(report, QStringLiteral("at most one product, its number, is expected"));
     }
-    report.add(QStringLiteral("settings"), QStringLiteral("Settings file"), settingsFile());
+    const UntouchedDirectories untouched;
+    report.add("settings", "Settings file", settingsFile());
     if (arguments.isEmpty()) {
         showCompany(report);
-    } else {
-        showProduct(report, product);
+        return EXIT_DONE;
     }
-    return EXIT_DONE;
+    showProduct(report, product);
+    return isProduct(product) ? int(EXIT_DONE) : invalid(report, noSuchProduct(product));
+}
+
+QString noSuchProduct(int product)
+{
+    return QStringLiteral("no such product: %1: \"tlx company\" lists the products").arg(product);
 }

@@ -1,5 +1,6 @@
 #include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
+#include <tools/tlx/input/InputFile.h>
+#include <tools/tlx/input/Undecodable.h>
 #include <tools/tlx/report/Report.h>
 #include <tools/tlx/terminal/OutputCapture.h>
 #include <tools/tlx/terminal/Progress.h>
@@ -12,26 +13,21 @@
 
 namespace {
 
-const QString FORCE = QStringLiteral("force");
-const QString RECURSIVE = QStringLiteral("recursive");
-
-int fail(Report& report, const QString& message)
-{
-    report.setError(message);
-    return EXIT_INVALID;
-}
+const char FORCE_NAME[] = "force";
+const char RECURSIVE_NAME[] = "recursive";
+const QString FORCE = QLatin1String(FORCE_NAME);
+const QString RECURSIVE = QLatin1String(RECURSIVE_NAME);
 
 void addPaths(Report& report, const QString& source, const QString& destination)
 {
-    report.add(QStringLiteral("source"), QStringLiteral("Source"), QFileInfo(source).absoluteFilePath());
-    report.add(QStringLiteral("destination"), QStringLiteral("Destination"),
-               QFileInfo(destination).absoluteFilePath());
+    report.add("source", "Source", QFileInfo(source).absoluteFilePath());
+    report.add("destination", "Destination", QFileInfo(destination).absoluteFilePath());
 }
 
 int copyTree(const QString& source, const QString& destination, Report& report)
 {
     if (!QFileInfo(source).isDir()) {
-        return fail(report, QStringLiteral("no such directory: %1").arg(source));
+        return invalid(report, QStringLiteral("no such directory: %1").arg(source));
     }
     int copied = 0;
     bool isDone = false;
@@ -49,9 +45,12 @@ int copyTree(const QString& source, const QString& destination, Report& report)
         said = QString::fromLocal8Bit(capture.text()).trimmed();
     }
     addPaths(report, source, destination);
-    report.add(QStringLiteral("entries"), QStringLiteral("Entries copied"), copied);
+    report.add("entries", "Entries copied", copied);
     if (!isDone) {
-        return fail(report, said.isEmpty() ? QStringLiteral("a directory cannot be read") : said);
+        addOmitted(source, report);
+        if (!report.hasError()) {
+            report.setError(said.isEmpty() ? QStringLiteral("a directory cannot be read") : said);
+        }
     }
     return EXIT_DONE;
 }
@@ -60,34 +59,36 @@ int copyOne(const QString& source, const QString& destination, bool force, Repor
 {
     const QFileInfo from(source);
     if (!from.isFile()) {
-        return fail(report, (from.isDir() ? QStringLiteral("%1 is a directory, which needs --recursive")
-                                          : QStringLiteral("no such file: %1"))
-                                .arg(source));
+        return invalid(report, (from.isDir() ? QStringLiteral("%1 is a directory, which needs --recursive")
+                                             : QStringLiteral("no such file: %1"))
+                                   .arg(source));
     }
     const bool isThere = QFileInfo::exists(destination);
     if (isThere && !force) {
-        return fail(report, QStringLiteral("%1 exists; --force replaces a file").arg(destination));
+        return invalid(report, QStringLiteral("%1 exists; --force replaces a file").arg(destination));
     }
     const qint64 size = from.size();
     {
         const OutputCapture capture;
         if (!(force ? CDir::copyFileF(source, destination) : CDir::copyFile(source, destination))) {
-            return fail(report, QStringLiteral("unable to copy to %1").arg(destination));
+            const QString fault = readingFault(source);
+            return fault.isEmpty() ? fileFault(report, destination, writingFault(destination))
+                                   : fileFault(report, source, fault);
         }
     }
     addPaths(report, source, destination);
-    report.add(QStringLiteral("bytes"), QStringLiteral("Bytes copied"), QString::number(size));
-    report.add(QStringLiteral("replaced"), QStringLiteral("Replaced a file"), isThere);
+    report.add("bytes", "Bytes copied", wideNumber(size));
+    report.add("replaced", "Replaced a file", isThere);
     return EXIT_DONE;
 }
 
 } // namespace
 
-void addCopyOptions(QCommandLineParser& parser)
+QList<SOption> copyOptions()
 {
-    parser.addOption({FORCE, QStringLiteral("Replaces an existing file.")});
-    parser.addOption(
-        {RECURSIVE, QStringLiteral("Copies everything under a directory; hidden entries are left out.")});
+    return {{FORCE_NAME, QStringLiteral("Replaces an existing file.")},
+            {RECURSIVE_NAME,
+             QStringLiteral("Copies everything under a directory; hidden entries are left out.")}};
 }
 
 int runCopy(const QCommandLineParser& parser, Report& report)

@@ -1,5 +1,4 @@
 #include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
 #include <tools/tlx/report/Report.h>
 
 #include <core/text/CDateTime.h>
@@ -49,22 +48,19 @@ bool readBytes(const QString& text, Qt::TimeSpec spec, CDateTime& dateTime)
 void addForms(Report& report, const CDateTime& dateTime, Qt::TimeSpec spec)
 {
     const quint64 packed = dateTime.toI64(spec);
-    report.add(QStringLiteral("text"), QStringLiteral("ISO 8601"), dateTime.toIsoDateTime(spec));
-    report.add(QStringLiteral("packed"), QStringLiteral("Packed"), QString::number(packed));
-    report.add(QStringLiteral("packedHex"), QStringLiteral("Packed, hexadecimal"),
+    report.add("text", "ISO 8601", dateTime.toIsoDateTime(spec));
+    report.add("packed", "Packed", QString::number(packed));
+    report.add("packedHex", "Packed, hexadecimal",
                QStringLiteral("0x%1").arg(packed, 16, 16, QLatin1Char('0')));
-    report.add(QStringLiteral("bytes"), QStringLiteral("8 bytes"),
-               QString::fromLatin1(dateTime.toI64ByteArray(spec).toHex(' ')));
+    report.add("bytes", "8 bytes", QString::fromLatin1(dateTime.toI64ByteArray(spec).toHex(' ')));
 }
 
 } // namespace
 
-void addDateTimeOptions(QCommandLineParser& parser)
+QList<SOption> dateTimeOptions()
 {
-    parser.addOption(
-        {QStringLiteral("utc"), QStringLiteral("Takes fields without a time zone as UTC, not as local.")});
-    parser.addOption(
-        {QStringLiteral("bytes"), QStringLiteral("The value is the 8 bytes, in hexadecimal digits.")});
+    return {{"utc", QStringLiteral("Takes fields without a time zone as UTC, not as local.")},
+            {"bytes", QStringLiteral("The value is the 8 bytes, in hexadecimal digits.")}};
 }
 
 int runDateTime(const QCommandLineParser& parser, Report& report)
@@ -80,13 +76,12 @@ int runDateTime(const QCommandLineParser& parser, Report& report)
                           ? readBytes(text, spec, dateTime)
                           : readNumber(text, spec, dateTime) || readIso(text, spec, dateTime);
     if (!read) {
-        report.setError(QStringLiteral("neither a date-time in ISO 8601 nor its packed form: %1").arg(text));
-        return EXIT_INVALID;
+        return invalid(report,
+                       QStringLiteral("neither a date-time in ISO 8601 nor its packed form: ") + text);
     }
-    report.add(QStringLiteral("valid"), QStringLiteral("Valid"), dateTime.isValid());
+    report.add("valid", "Valid", dateTime.isValid());
     if (!dateTime.isValid()) {
-        report.setError(QStringLiteral("no such date or time of day: %1").arg(text));
-        return EXIT_INVALID;
+        return invalid(report, QStringLiteral("no such date or time of day: ") + text);
     }
     report.setSection(QStringLiteral("local"), QStringLiteral("Local time"));
     addForms(report, dateTime, Qt::LocalTime);

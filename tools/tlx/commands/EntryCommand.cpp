@@ -1,8 +1,6 @@
-#include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
-#include <tools/tlx/report/Report.h>
-
 #include <core/files/CFTPath.h>
+#include <tools/tlx/commands/Commands.h>
+#include <tools/tlx/report/Report.h>
 
 #include <QCommandLineParser>
 
@@ -12,22 +10,18 @@ int runEntry(const QCommandLineParser& parser, Report& report)
     if (paths.isEmpty()) {
         return wrongUsage(report, QStringLiteral("at least one path on a drive is expected"));
     }
-    QList<QStringList> rows;
+    QList<QJsonArray> rows;
     int unknown = 0;
     for (const QString& path : paths) {
         const CFTPath::EEntryPoint entryPoint = CFTPath::fromPath(path);
         unknown += entryPoint == CFTPath::EP_INVALID ? 1 : 0;
-        rows << QStringList{path, CFTPath::toString(entryPoint), QString::number(entryPoint),
-                            CFTPath::toPath(entryPoint), CFTPath::toRelativePath(path, entryPoint)};
+        rows << QJsonArray{path, CFTPath::toString(entryPoint), static_cast<qint64>(entryPoint),
+                           CFTPath::toPath(entryPoint), CFTPath::toRelativePath(path, entryPoint)};
     }
-    report.addTable(QStringLiteral("paths"),
-                    {QStringLiteral("path"), QStringLiteral("entryPoint"), QStringLiteral("value"),
-                     QStringLiteral("directory"), QStringLiteral("relative")},
-                    rows);
+    report.addTable("paths", {"path", "entryPoint", "value", "directory", "relative"}, rows);
     if (unknown > 0) {
-        report.setError(
-            QStringLiteral("%1 of %2 paths belong to no entry point").arg(unknown).arg(paths.size()));
-        return EXIT_INVALID;
+        return invalid(
+            report, QStringLiteral("%1 of %2 paths belong to no entry point").arg(unknown).arg(paths.size()));
     }
     return EXIT_DONE;
 }

@@ -1,8 +1,6 @@
-#include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
-#include <tools/tlx/report/Report.h>
-
 #include <core/device/CIPv6Address.h>
+#include <tools/tlx/commands/Commands.h>
+#include <tools/tlx/report/Report.h>
 
 #include <QCommandLineParser>
 
@@ -10,7 +8,7 @@ int runIp(const QCommandLineParser& parser, Report& report)
 {
     const QStringList arguments = parser.positionalArguments();
     if (arguments.size() != 1) {
-        return wrongUsage(report, QStringLiteral("one TEXT is needed"));
+        return wrongUsage(report, QStringLiteral("one IPv6 address is expected"));
     }
     const QString text = arguments.first();
     CIPv6Address address;
@@ -18,13 +16,16 @@ int runIp(const QCommandLineParser& parser, Report& report)
     // Groups that the text leaves alone show when it is read over other bytes.
     CIPv6Address filled(QByteArray(16, '\xFF'));
     const bool complete = accepted && filled.setAddress(text) && filled == address;
-    report.add(QStringLiteral("address"), QStringLiteral("address"), address.str());
-    report.add(QStringLiteral("bytes"), QStringLiteral("bytes as stored"),
-               QString::fromLatin1(address.byteArray().toHex(' ')));
-    report.add(QStringLiteral("complete"), QStringLiteral("sets all groups"), complete);
+    report.add("address", "Address", address.str());
+    report.add("bytes", "Bytes as stored", QString::fromLatin1(address.byteArray().toHex(' ')));
+    report.add("complete", "Sets all groups", complete);
     if (!accepted) {
-        report.setError(QStringLiteral("not an IPv6 address: \"%1\"").arg(text));
-        return EXIT_INVALID;
+        return invalid(report, QStringLiteral("not an IPv6 address: ") + text);
+    }
+    if (!complete) {
+        return invalid(report,
+                       QStringLiteral("groups are left out, and the library reads %1: write all eight groups")
+                           .arg(address.str()));
     }
     return EXIT_DONE;
 }

@@ -1,40 +1,37 @@
-#include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
-#include <tools/tlx/report/Report.h>
-
 #include <core/device/CMotorBaseName.h>
+#include <tools/tlx/commands/Commands.h>
+#include <tools/tlx/report/Report.h>
 
 #include <QCommandLineParser>
 
-void addMotorOptions(QCommandLineParser& parser)
+QList<SOption> motorOptions()
 {
-    parser.addOption({QStringLiteral("numeric"), QStringLiteral("Demands a numeric number.")});
+    return {{"numeric", QStringLiteral("Demands a numeric number.")}};
 }
 
 int runMotor(const QCommandLineParser& parser, Report& report)
 {
     const QStringList arguments = parser.positionalArguments();
     if (arguments.size() != 1) {
-        return wrongUsage(report, QStringLiteral("one FILE is needed"));
+        return wrongUsage(report, QStringLiteral("the name of one file is expected"));
     }
     const QString file = arguments.first();
     const bool numeric = parser.isSet(QStringLiteral("numeric"));
     CMotorBaseName motor(numeric);
     const bool parsed = motor.setFileBaseName(file);
     const bool validFile = CMotorBaseName::isValid(file, numeric);
-    report.add(QStringLiteral("manufacturer"), QStringLiteral("manufacturer"), motor.manufacturer());
-    report.add(QStringLiteral("name"), QStringLiteral("motor name"), motor.name());
-    report.add(QStringLiteral("number"), QStringLiteral("number"), motor.number());
-    report.add(QStringLiteral("numberAsI32"), QStringLiteral("number as I32"), motor.numberAsI32());
-    report.add(QStringLiteral("fileBaseName"), QStringLiteral("file base name"), motor.fileBaseName());
-    report.add(QStringLiteral("valid"), QStringLiteral("valid"), motor.isValid());
-    report.add(QStringLiteral("validFileName"), QStringLiteral("valid without suffix"), validFile);
+    report.add("manufacturer", "Manufacturer", motor.manufacturer());
+    report.add("name", "Motor name", motor.name());
+    report.add("number", "Number", motor.number());
+    report.add("numberAsI32", "Number as I32", motor.numberAsI32());
+    report.add("fileBaseName", "File base name", motor.fileBaseName());
+    report.add("valid", "Valid", motor.isValid());
+    report.add("validFileName", "Valid without suffix", validFile);
     if (parsed && motor.isValid()) {
         return EXIT_DONE;
     }
     const QString reason = !parsed     ? QStringLiteral("a part is refused")
                            : validFile ? QStringLiteral("a file name with a suffix is not taken over")
                                        : QStringLiteral("not a motor base name");
-    report.setError(QStringLiteral("%1: \"%2\"").arg(reason, file));
-    return EXIT_INVALID;
+    return invalid(report, reason + QStringLiteral(": ") + file);
 }

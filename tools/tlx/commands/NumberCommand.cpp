@@ -1,5 +1,5 @@
 #include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
+#include <tools/tlx/program/Suggestion.h>
 #include <tools/tlx/report/Report.h>
 
 #include <core/text/CStr.h>
@@ -101,6 +101,24 @@ const SType* findType(const QString& name)
     return nullptr;
 }
 
+QStringList typeNames()
+{
+    QStringList names;
+    for (const SType& type : TYPES) {
+        names << CStr::nTypeToStr(type.type);
+    }
+    return names;
+}
+
+QStringList notationNames()
+{
+    QStringList names;
+    for (const char* name : NOTATIONS) {
+        names << QLatin1String(name);
+    }
+    return names;
+}
+
 bool readNotation(const QString& text, quint8& notation)
 {
     for (quint8 i = 0; i < 4; ++i) {
@@ -140,12 +158,12 @@ bool readFormat(const QCommandLineParser& parser, SFormat& format, QString& wron
 void addFormat(Report& report, SFormat format)
 {
     report.setSection(QStringLiteral("format"), QStringLiteral("Format descriptor"));
-    report.add(QStringLiteral("packed"), QStringLiteral("Packed"),
+    report.add("packed", "Packed",
                QStringLiteral("0x%1").arg(static_cast<unsigned int>(format), 8, 16, QLatin1Char('0')));
-    report.add(QStringLiteral("fractionDigits"), QStringLiteral("Fraction digits"), format.fractionDigits);
-    report.add(QStringLiteral("width"), QStringLiteral("Width"), format.width);
-    report.add(QStringLiteral("preShift"), QStringLiteral("Shift"), format.preShift);
-    report.add(QStringLiteral("notation"), QStringLiteral("Notation"),
+    report.add("fractionDigits", "Fraction digits", format.fractionDigits);
+    report.add("width", "Width", format.width);
+    report.add("preShift", "Shift", format.preShift);
+    report.add("notation", "Notation",
                format.notation < 4 ? QLatin1String(NOTATIONS[format.notation])
                                    : QString::number(format.notation));
 }
@@ -153,34 +171,32 @@ void addFormat(Report& report, SFormat format)
 void addResult(Report& report, const QString& text, const SResult& result)
 {
     report.setSection(QStringLiteral("shown"), QStringLiteral("The value, shown"));
-    report.add(QStringLiteral("ok"), QStringLiteral("Is a value"), result.isValue);
+    report.add("ok", "Is a value", result.isValue);
     if (result.isValue) {
-        report.add(QStringLiteral("value"), QStringLiteral("Value"), text);
-        report.add(QStringLiteral("text"), QStringLiteral("Text"), result.shown);
+        report.add("value", "Value", text);
+        report.add("text", "Text", result.shown);
     }
     report.setSection(QStringLiteral("read"), QStringLiteral("The text, read"));
-    report.add(QStringLiteral("ok"), QStringLiteral("Is a number"), result.isRead);
+    report.add("ok", "Is a number", result.isRead);
     if (result.isRead) {
-        report.add(QStringLiteral("text"), QStringLiteral("Text"), text);
-        report.add(QStringLiteral("value"), QStringLiteral("Value"), result.read);
+        report.add("text", "Text", text);
+        report.add("value", "Value", result.read);
     }
 }
 
 } // namespace
 
-void addNumberOptions(QCommandLineParser& parser)
+QList<SOption> numberOptions()
 {
-    const auto add = [&parser](const char* name, const char* what, const char* value, const char* preset) {
-        parser.addOption({QString::fromLatin1(name), QString::fromLatin1(what), QString::fromLatin1(value),
-                          QString::fromLatin1(preset)});
-    };
-    add("type", "The type of the number: I8 to U64, F32 or F64 (I64).", "TYPE", "I64");
-    add("format", "The whole descriptor as one number.", "NUMBER", "");
-    add("fraction", "Digits behind the point, -128 to 127.", "DIGITS", "");
-    add("width", "Characters in all, -128 to 127.", "WIDTH", "");
-    add("shift", "Bits to shift right before showing, -128 to 127.", "BITS", "");
-    add("notation", "decimal, fixed, hex, dual, or its number.", "NOTATION", "");
-    add("factor", "What a number that is read is multiplied by (1).", "FACTOR", "1");
+    return {{"type", QStringLiteral("The type of the number: I8 to U64, F32 or F64 (I64)."), "TYPE", "I64", 0,
+             typeNames},
+            {"format", QStringLiteral("The whole descriptor as one number."), "NUMBER"},
+            {"fraction", QStringLiteral("Digits after the point, -128 to 127."), "DIGITS"},
+            {"width", QStringLiteral("Characters in all, -128 to 127."), "WIDTH"},
+            {"shift", QStringLiteral("Bits to shift right before showing, -128 to 127."), "BITS"},
+            {"notation", QStringLiteral("decimal, fixed, hex, dual, or its number."), "NOTATION", "", 0,
+             notationNames},
+            {"factor", QStringLiteral("What a number that is read is multiplied by (1)."), "FACTOR", "1"}};
 }
 
 int runNumber(const QCommandLineParser& parser, Report& report)
@@ -188,12 +204,14 @@ int runNumber(const QCommandLineParser& parser, Report& report)
     const QStringList arguments = parser.positionalArguments();
     if (arguments.size() != 1) {
         return wrongUsage(report,
-                          QStringLiteral("one text is expected; put -- before one that begins with a dash"));
+                          QStringLiteral("one text is expected: put -- before one that begins with a dash"));
     }
     const SType* type = findType(parser.value(QStringLiteral("type")));
     if (!type) {
-        return wrongUsage(
-            report, QStringLiteral("no such type of numbers: %1").arg(parser.value(QStringLiteral("type"))));
+        return wrongUsage(report,
+                          noSuch(QStringLiteral("type of numbers"), parser.value(QStringLiteral("type")),
+                                 typeNames(),
+                                 QStringLiteral("the types are ") + typeNames().join(QLatin1String(", "))));
     }
     SFormat format;
     QString wrong;
@@ -206,12 +224,11 @@ int runNumber(const QCommandLineParser& parser, Report& report)
             report, QStringLiteral("not a possible factor: %1").arg(parser.value(QStringLiteral("factor"))));
     }
     const SResult result = type->result(arguments.first(), format, factor);
-    report.add(QStringLiteral("type"), QStringLiteral("Type"), CStr::nTypeToStr(type->type));
+    report.add("type", "Type", CStr::nTypeToStr(type->type));
     addFormat(report, format);
     addResult(report, arguments.first(), result);
     if (!result.isValue && !result.isRead) {
-        report.setError(QStringLiteral("not a number: %1").arg(arguments.first()));
-        return EXIT_INVALID;
+        return invalid(report, QStringLiteral("not a number: ") + arguments.first());
     }
     return EXIT_DONE;
 }

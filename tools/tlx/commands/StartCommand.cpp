@@ -1,7 +1,9 @@
 #include <tools/tlx/commands/Commands.h>
 #include <tools/tlx/commands/CompanyCommand.h>
 #include <tools/tlx/commands/PathsCommand.h>
-#include <tools/tlx/program/Command.h>
+#include <tools/tlx/commands/UntouchedDirectories.h>
+#include <tools/tlx/input/Judgement.h>
+#include <tools/tlx/input/Types.h>
 #include <tools/tlx/report/Report.h>
 
 #include <core/app/CCompanyStrings.h>
@@ -14,7 +16,9 @@
 
 #include <QCommandLineParser>
 
-// The road of one start of a tool, in the order in which a tool walks it.
+#include <optional>
+
+// What one start of a tool asks the library, in a tool's order.
 
 namespace {
 
@@ -26,33 +30,30 @@ void showArguments(Report& report, const CCommandLineParser& start, QStringList 
         report.add(it.key(), escapedForTerminal(it.key()), it.value());
     }
     report.setSection(QStringLiteral("arguments"), QStringLiteral("Understood as"));
-    report.add(QStringLiteral("driveAddress"), QStringLiteral("Drive address"), start.driveAddress());
-    report.add(QStringLiteral("powerAddress"), QStringLiteral("Power address"), start.powerAddress());
-    report.add(QStringLiteral("comAddress"), QStringLiteral("Communication address"),
-               static_cast<qint64>(start.comAddress()));
-    report.add(QStringLiteral("abAddress"), QStringLiteral("Bus address"), start.abAddress());
-    report.add(QStringLiteral("ip"), QStringLiteral("Network address"), start.ip());
-    report.add(QStringLiteral("serverName"), QStringLiteral("Server"), start.serverName());
-    report.add(QStringLiteral("port"), QStringLiteral("Port"), start.port());
-    report.add(QStringLiteral("currentUnit"), QStringLiteral("Current unit"), start.currentUnit());
-    report.add(QStringLiteral("userLevel"), QStringLiteral("User level"), start.userLevel());
-    report.add(QStringLiteral("deviceFunction"), QStringLiteral("Device function"),
-               static_cast<qint64>(start.deviceFunction()));
-    report.add(QStringLiteral("deviceClass"), QStringLiteral("Device class"),
-               static_cast<qint64>(start.deviceClass()));
-    report.add(QStringLiteral("language"), QStringLiteral("Language"), start.language().name());
+    report.add("driveAddress", "Drive address", start.driveAddress());
+    report.add("powerAddress", "Power address", start.powerAddress());
+    report.add("comAddress", "Communication address", static_cast<qint64>(start.comAddress()));
+    report.add("abAddress", "Bus address", start.abAddress());
+    report.add("ip", "Network address", start.ip());
+    report.add("serverName", "Server", start.serverName());
+    report.add("port", "Port", start.port());
+    report.add("currentUnit", "Current unit", start.currentUnit());
+    report.add("userLevel", "User level", start.userLevel());
+    report.add("deviceFunction", "Device function", static_cast<qint64>(start.deviceFunction()));
+    report.add("deviceClass", "Device class", static_cast<qint64>(start.deviceClass()));
+    report.add("language", "Language", start.language().name());
 }
 
 void showTitle(Report& report, const QCommandLineParser& parser, const CCommandLineParser& start)
 {
     report.setSection(QStringLiteral("title"), QStringLiteral("Settings and title"));
-    report.add(QStringLiteral("settings"), QStringLiteral("Settings file"), settingsFile());
+    report.add("settings", "Settings file", settingsFile());
     const QString product = parser.value(QStringLiteral("product"));
     const QString name =
         product.isEmpty() ? QStringLiteral("tlx") : CCompanyStrings::getProductName(product.toInt());
-    report.add(QStringLiteral("company"), QStringLiteral("Company"), CCompanyStrings::getCompanyLongName());
-    report.add(QStringLiteral("name"), QStringLiteral("Tool"), name);
-    report.add(QStringLiteral("title"), QStringLiteral("Title"),
+    report.add("company", "Company", CCompanyStrings::getCompanyLongName());
+    report.add("name", "Tool", name);
+    report.add("title", "Title",
                CStr::createApplicationTitle(start.language(), parser.value(QStringLiteral("build-date")),
                                             name, QStringLiteral(TLX_VERSION), QString()));
 }
@@ -62,13 +63,11 @@ void showLogFile(Report& report, const QCommandLineParser& parser)
 {
     report.setSection(QStringLiteral("log"), QStringLiteral("Log"));
     if (!qEnvironmentVariableIsSet("APPDATA")) {
-        report.add(QStringLiteral("note"), QStringLiteral("Log file"),
-                   QStringLiteral("not asked for: APPDATA is not set"));
+        report.add("note", "Log file", QStringLiteral("not asked for: APPDATA is not set"));
         return;
     }
     const bool withThreadId = parser.isSet(QStringLiteral("thread-id"));
-    report.add(QStringLiteral("logFile"), QStringLiteral("Log file"),
-               CStr::createLogFileName(QString(), withThreadId));
+    report.add("logFile", "Log file", CStr::createLogFileName(QString(), withThreadId));
 }
 
 // A number as a display with a format descriptor shows it: integers hexadecimal, floats with three decimals. A date and
@@ -89,60 +88,120 @@ QString formatted(const CVariant& value, int size)
     return CTlString::toStr(value.toU64(), CTlString::SFormatValue(0, digits, 0, CTlString::NOTATION_HEX));
 }
 
-// "NAME=TEXT" as a row of the table; empty when there is no such unit.
-QStringList unitRow(const QString& argument)
+// "NAME=TEXT" as a row of the table; says what the library did with the text.
+QJsonArray unitRow(const QString& argument, Report& report)
 {
     const QString name = argument.section(QLatin1Char('='), 0, 0);
-    bool ok = false;
-    const NUnits::EObjectUnit unit = CUnitParser::strToUnit(name, &ok);
-    if (!ok) {
-        return QStringList();
-    }
+    const NUnits::EObjectUnit unit = CUnitParser::strToUnit(name);
     const int size = CUnitParser::size(unit);
     CVariant value(CUnitParser::type(unit));
     const QString initial = value.toStr();
     if (argument.contains(QLatin1Char('='))) {
-        value.fromStr(argument.section(QLatin1Char('='), 1));
-    }
-    return {name,          CStr::nTypeToStr(value.type()), QString::number(size), initial,
-            value.toStr(), formatted(value, size)};
-}
-
-int showUnits(Report& report, const QStringList& units)
-{
-    report.setSection(QStringLiteral("values"), QStringLiteral("Values"));
-    QList<QStringList> rows;
-    int code = EXIT_DONE;
-    for (const QString& argument : units) {
-        const QStringList row = unitRow(argument);
-        if (row.isEmpty()) {
-            report.setError(QStringLiteral("no such unit: %1").arg(argument.section(QLatin1Char('='), 0, 0)));
-            code = EXIT_INVALID;
-        } else {
-            rows << row;
+        const QString text = argument.section(QLatin1Char('='), 1);
+        value.fromStr(text);
+        const QString said = judgement(text, value);
+        if (!said.isEmpty()) {
+            report.setError(argument + QLatin1String(": ") + said);
         }
     }
-    report.addTable(QStringLiteral("units"),
-                    {QStringLiteral("unit"), QStringLiteral("type"), QStringLiteral("size"),
-                     QStringLiteral("default"), QStringLiteral("value"), QStringLiteral("formatted")},
-                    rows);
-    return code;
+    return {name, CStr::nTypeToStr(value.type()), size, initial, value.toStr(), formatted(value, size)};
+}
+
+void showUnits(Report& report, const QStringList& units)
+{
+    report.setSection(QStringLiteral("values"), QStringLiteral("Values"));
+    QList<QJsonArray> rows;
+    for (const QString& argument : units) {
+        rows << unitRow(argument, report);
+    }
+    report.addTable("units", {"unit", "type", "size", "default", "value", "formatted"}, rows);
+}
+
+// The first unit that the catalogue does not have; empty when it has all.
+QString unknownUnit(const QStringList& units)
+{
+    for (const QString& argument : units) {
+        bool ok = false;
+        const QString name = argument.section(QLatin1Char('='), 0, 0);
+        CUnitParser::strToUnit(name, &ok);
+        if (!ok) {
+            return name;
+        }
+    }
+    return QString();
+}
+
+// What the library reads a text of the arguments as.
+enum EArgument
+{
+    ARGUMENT_SIGNED,
+    ARGUMENT_UNSIGNED,
+    ARGUMENT_PORT,
+    ARGUMENT_LANGUAGE
+};
+
+const QMap<QString, EArgument>& readArguments()
+{
+    static const QMap<QString, EArgument> arguments{
+        {QStringLiteral("cu"), ARGUMENT_SIGNED},        {QStringLiteral("level"), ARGUMENT_SIGNED},
+        {QStringLiteral("powadr"), ARGUMENT_SIGNED},    {QStringLiteral("drvadr"), ARGUMENT_SIGNED},
+        {QStringLiteral("comadr"), ARGUMENT_UNSIGNED},  {QStringLiteral("df"), ARGUMENT_UNSIGNED},
+        {QStringLiteral("devtype"), ARGUMENT_UNSIGNED}, {QStringLiteral("port"), ARGUMENT_PORT},
+        {QStringLiteral("lang"), ARGUMENT_LANGUAGE}};
+    return arguments;
+}
+
+bool isTaken(EArgument kind, const QString& text)
+{
+    bool ok = false;
+    switch (kind) {
+    case ARGUMENT_SIGNED:
+        text.toInt(&ok);
+        return ok;
+    case ARGUMENT_UNSIGNED:
+        text.toUInt(&ok);
+        return ok;
+    case ARGUMENT_PORT:
+        text.toInt(&ok, text.startsWith(QLatin1String("0x")) ? 16 : 10);
+        return ok;
+    default:
+        return text.isEmpty() || text.startsWith(QLatin1String("C")) || QLocale(text) != QLocale::c();
+    }
+}
+
+// Says which arguments the library passes over, and which it reads otherwise than they are written.
+void judgeArguments(const QStringList& arguments, Report& report)
+{
+    QStringList seen;
+    for (int i = arguments.size(); i-- > 0;) {
+        const QString& argument = arguments.at(i);
+        const int sign = argument.indexOf(QLatin1Char('='));
+        const QString key = argument.left(sign);
+        const QString text = argument.mid(sign + 1);
+        const auto kind = readArguments().constFind(key);
+        if (sign < 1) {
+            report.setError(QStringLiteral("ignored: %1: an argument has the form KEY=VALUE").arg(argument));
+        } else if (seen.contains(key)) {
+            report.setError(QStringLiteral("ignored: %1: a later argument has the same key").arg(argument));
+        } else if (kind != readArguments().constEnd() && !isTaken(*kind, text)) {
+            report.setError(*kind == ARGUMENT_LANGUAGE
+                                ? QStringLiteral("not a language: %1: the library reads C").arg(argument)
+                                : QStringLiteral("not a number: %1: the library reads 0").arg(argument));
+        }
+        seen << key;
+    }
 }
 
 } // namespace
 
-void addStartOptions(QCommandLineParser& parser)
+QList<SOption> startOptions()
 {
-    parser.addOption({QStringLiteral("unit"),
-                      QStringLiteral("A value of this unit, filled from the text. May be repeated."),
-                      QStringLiteral("NAME=TEXT")});
-    parser.addOption(
-        {QStringLiteral("product"), QStringLiteral("The tool's product number."), QStringLiteral("NUMBER")});
-    parser.addOption({QStringLiteral("build-date"),
-                      QStringLiteral("The tool's build date, as in \"Nov  5 2026\"."), QStringLiteral("DATE"),
-                      QStringLiteral(__DATE__)});
-    parser.addOption({QStringLiteral("thread-id"), QStringLiteral("A log file for this thread alone.")});
-    parser.addOption({QStringLiteral("create"), QStringLiteral("Makes the directories that are missing.")});
+    return {{"unit", QStringLiteral("A value of this unit, filled from the text. May be repeated."),
+             "NAME=TEXT", "", 0, NLookup::unitNames},
+            {"product", QStringLiteral("The tool's product number."), "NUMBER"},
+            {"build-date", QStringLiteral("The tool's build date, as in \"Nov  5 2026\"."), "DATE", __DATE__},
+            {"thread-id", QStringLiteral("A log file for this thread alone.")},
+            {"create", QStringLiteral("Makes the directories that are missing.")}};
 }
 
 int runStart(const QCommandLineParser& parser, Report& report)
@@ -150,15 +209,31 @@ int runStart(const QCommandLineParser& parser, Report& report)
     const QString product = parser.value(QStringLiteral("product"));
     bool isNumber = true;
     if (!product.isEmpty() && (product.toInt(&isNumber), !isNumber)) {
-        return wrongUsage(report, QStringLiteral("the product is a number: %1").arg(product));
+        return wrongUsage(report, QStringLiteral("the product is a number: ") + product);
+    }
+    const QStringList units = parser.values(QStringLiteral("unit"));
+    const QString unknown = unknownUnit(units);
+    if (!unknown.isNull()) {
+        return wrongUsage(report, NLookup::noSuchUnit(unknown));
+    }
+    const bool isCreating = parser.isSet(QStringLiteral("create"));
+    std::optional<UntouchedDirectories> untouched;
+    if (!isCreating) {
+        untouched.emplace();
     }
     QStringList arguments = parser.positionalArguments();
     const CCommandLineParser start(&arguments);
     showArguments(report, start, arguments);
     report.setSection(QStringLiteral("paths"), QStringLiteral("Directories"));
-    addDirectories(report, parser.isSet(QStringLiteral("create")));
+    addDirectories(report, isCreating);
     showTitle(report, parser, start);
     showLogFile(report, parser);
-    const QStringList units = parser.values(QStringLiteral("unit"));
-    return units.isEmpty() ? EXIT_DONE : showUnits(report, units);
+    if (!units.isEmpty()) {
+        showUnits(report, units);
+    }
+    judgeArguments(arguments, report);
+    if (!product.isEmpty() && !isProduct(product.toInt())) {
+        report.setError(noSuchProduct(product.toInt()));
+    }
+    return EXIT_DONE;
 }

@@ -1,188 +1,140 @@
 #include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
+#include <tools/tlx/input/InputFile.h>
+#include <tools/tlx/program/Suggestion.h>
 #include <tools/tlx/report/Report.h>
-#include <tools/tlx/terminal/Progress.h>
-
-#include <core/text/CDateTime.h>
-#include <core/text/CStr.h>
-#include <core/text/CTime.h>
-#include <core/types/CVariant.h>
+#include <tools/tlx/streams/ValueStream.h>
 
 #include <QCommandLineParser>
-#include <QDataStream>
-#include <QFile>
+
+#include <algorithm>
 
 namespace {
 
-struct SVersion
-{
-    const char* name;
-    QDataStream::Version version;
-};
+const QString AUTO = QStringLiteral("auto");
 
-constexpr SVersion VERSIONS[] = {
-    {"5.15", QDataStream::Qt_5_15}, {"5.12", QDataStream::Qt_5_12}, {"5.6", QDataStream::Qt_5_6},
-    {"5.4", QDataStream::Qt_5_4},   {"5.2", QDataStream::Qt_5_2},   {"5.1", QDataStream::Qt_5_1},
-    {"5.0", QDataStream::Qt_5_0},   {"4.8", QDataStream::Qt_4_8},   {"4.6", QDataStream::Qt_4_6}};
-
-// One value out of the stream as a row of the table. What the stream cannot see is said in `fault`: a number behind the
-// value (a tag, a unit) that no value has.
-struct SItem
+QStringList kindChoices()
 {
-    QString type;
-    QString text;
-    QString fault;
-};
-
-SItem readVariant(QDataStream& stream)
-{
-    CVariant value;
-    stream >> value;
-    const QString type = CStr::nTypeToStr(value.type());
-    const QString fault = QStringLiteral("no such type: %1").arg(static_cast<quint32>(value.type()));
-    return {type, value.toStr(), type.isEmpty() ? fault : QString()};
+    return NValueStream::kinds() << AUTO;
 }
 
-SItem readTime(QDataStream& stream)
+// The form that the options ask for; says in the report which of them is wrong.
+bool readForm(const QCommandLineParser& parser, SStreamForm& form, Report& report)
 {
-    CTime value;
-    stream >> value;
-    const QString unit = CTime::unitStr(value.unit());
-    const QString fault = QStringLiteral("no such unit: %1").arg(static_cast<qint32>(value.unit()));
-    return {unit, QString::number(value.value()),
-            unit.isEmpty() && value.unit() != CTime::UNIT_UNKNOWN ? fault : QString()};
+    form.kind = parser.value(QStringLiteral("kind"));
+    const QString version = parser.value(QStringLiteral("stream-version"));
+    form.order =
+        parser.isSet(QStringLiteral("little-endian")) ? QDataStream::LittleEndian : QDataStream::BigEndian;
+    if (!kindChoices().contains(form.kind)) {
+        const QString advice = QStringLiteral("the kinds are ") + kindChoices().join(QLatin1String(", "));
+        wrongUsage(report, noSuch(QStringLiteral("kind"), form.kind, kindChoices(), advice));
+    } else if (!NValueStream::findVersion(version, form.version)) {
+        const QStringList versions = NValueStream::versions();
+        const QString advice = QStringLiteral("the versions are ") + versions.join(QLatin1String(", "));
+        wrongUsage(report, noSuch(QStringLiteral("stream version"), version, versions, advice));
+    }
+    return !report.hasError();
 }
 
-SItem readDateTime(QDataStream& stream)
+SStreamContent contentOf(QIODevice& device, const SStreamForm& form)
 {
-    CDateTime value;
-    stream >> value;
-    const Qt::TimeSpec spec = value.timeSpec();
-    return {spec == Qt::LocalTime ? QStringLiteral("local") : QStringLiteral("UTC"),
-            value.toIsoDateTime(spec == Qt::LocalTime ? spec : Qt::UTC), QString()};
+    return form.kind == AUTO ? NValueStream::readAny(device, form.version) : NValueStream::read(device, form);
 }
 
-SItem readText(QDataStream& stream)
+void addFault(QIODevice& device, const SStreamContent& content, bool isAuto, const QString& name,
+              Report& report)
 {
-    QString value;
-    stream >> value;
-    return {QStringLiteral("text"), value, QString()};
+    if (content.fault.isEmpty()) {
+        return;
+    }
+    const QString hint = isAuto ? QStringLiteral("no kind and no order read it to its end")
+                                : NValueStream::otherOrder(device, content.form);
+    report.setError(name + content.fault + (hint.isEmpty() ? QString() : QStringLiteral(": ") + hint),
+                    content.faultByte);
 }
 
-template <typename String>
-SItem readFixedString(QDataStream& stream)
+int show(const QString& name, const SStreamForm& form, Report& report)
 {
-    String value;
-    stream >> value;
-    return {QLatin1String(String::className()), value.str(), QString()};
+    InputFile input;
+    if (!input.openRandom(name, report)) {
+        return EXIT_INVALID;
+    }
+    const SStreamContent content = contentOf(input.device(), form);
+    QList<QJsonArray> rows;
+    for (const SStreamItem& item : content.items) {
+        rows << QJsonArray{wideNumber(item.byte), item.type, item.text};
+    }
+    report.add("kind", "Kind", content.form.kind);
+    report.add("byteOrder", "Byte order", NValueStream::orderName(content.form.order));
+    report.add("values", "Values", rows.size());
+    report.addTable("items", {"byte", "type", "text"}, rows);
+    addFault(input.device(), content, form.kind == AUTO, QString(), report);
+    return EXIT_DONE;
 }
 
-struct SKind
+QJsonValue shownItem(const SStreamContent& content, int index)
 {
-    const char* name;
-    SItem (*read)(QDataStream& stream);
-};
+    if (index >= content.items.size()) {
+        return QJsonValue();
+    }
+    const SStreamItem& item = content.items.at(index);
+    return QString(item.type + QLatin1Char(' ') + item.text);
+}
 
-constexpr SKind KINDS[] = {{"variant", readVariant},
-                           {"time", readTime},
-                           {"datetime", readDateTime},
-                           {"text", readText},
-                           {"string32", readFixedString<CString32>},
-                           {"string64", readFixedString<CString64>},
-                           {"string128", readFixedString<CString128>}};
-
-template <typename Row, std::size_t Count>
-const Row* findRow(const Row (&rows)[Count], const QString& name)
+int showDifferences(const QString& nameA, const QString& nameB, const SStreamForm& form, Report& report)
 {
-    for (const Row& row : rows) {
-        if (name == QLatin1String(row.name)) {
-            return &row;
+    InputFile inputA;
+    InputFile inputB;
+    if (!inputA.openRandom(nameA, report) || !inputB.openRandom(nameB, report)) {
+        return EXIT_INVALID;
+    }
+    const SStreamContent a = contentOf(inputA.device(), form);
+    const SStreamContent b = contentOf(inputB.device(), form);
+    QList<QJsonArray> rows;
+    for (int i = 0; i < std::max(a.items.size(), b.items.size()); ++i) {
+        const QJsonValue left = shownItem(a, i);
+        const QJsonValue right = shownItem(b, i);
+        if (left != right) {
+            rows << QJsonArray{i, left, right};
         }
     }
-    return nullptr;
-}
-
-template <typename Row, std::size_t Count>
-QString namesOf(const Row (&rows)[Count])
-{
-    QStringList names;
-    for (const Row& row : rows) {
-        names << QLatin1String(row.name);
-    }
-    return names.join(QLatin1String(", "));
-}
-
-// Reads up to the end or to the first value that makes no sense; gives the error, which names its first byte.
-int readAll(QDataStream& stream, const SKind& kind, Report& report, QList<QStringList>& rows)
-{
-    constexpr qint64 TAG_SIZE = 4;
-    const QIODevice& device = *stream.device();
-    Progress progress(QStringLiteral("Reading"), device.size());
-    while (!stream.atEnd()) {
-        const qint64 start = device.pos();
-        const SItem item = kind.read(stream);
-        if (stream.status() == QDataStream::ReadPastEnd) {
-            report.setError(QStringLiteral("the file ends inside the value that begins here"), start);
-            return EXIT_INVALID;
-        }
-        if (stream.status() != QDataStream::Ok) {
-            report.setError(
-                QStringLiteral("here stands no value of the kind %1").arg(QLatin1String(kind.name)), start);
-            return EXIT_INVALID;
-        }
-        if (!item.fault.isEmpty()) {
-            report.setError(item.fault, device.pos() - TAG_SIZE);
-            return EXIT_INVALID;
-        }
-        rows << QStringList{QString::number(start), item.type, item.text};
-        progress.show(device.pos());
+    report.addTable("differences", {"value", "a", "b"}, rows);
+    addFault(inputA.device(), a, form.kind == AUTO, nameA + QStringLiteral(": "), report);
+    addFault(inputB.device(), b, form.kind == AUTO, nameB + QStringLiteral(": "), report);
+    if (!rows.isEmpty()) {
+        report.setError(QStringLiteral("%1 values differ").arg(rows.size()));
     }
     return EXIT_DONE;
 }
 
 } // namespace
 
-void addStreamOptions(QCommandLineParser& parser)
+QList<SOption> streamOptions()
 {
-    parser.addOption({QStringLiteral("kind"), QStringLiteral("What was streamed: %1.").arg(namesOf(KINDS)),
-                      QStringLiteral("kind"), QStringLiteral("variant")});
-    parser.addOption({QStringLiteral("stream-version"),
-                      QStringLiteral("The stream's version of Qt: %1.").arg(namesOf(VERSIONS)),
-                      QStringLiteral("version"), QStringLiteral("5.15")});
-    parser.addOption(
-        {QStringLiteral("little-endian"), QStringLiteral("The stream's byte order is little-endian.")});
+    const QString kinds = kindChoices().join(QLatin1String(", "));
+    const QString versions = NValueStream::versions().join(QLatin1String(", "));
+    return {{"kind", QStringLiteral("What was streamed: %1 (tries all kinds and orders).").arg(kinds), "kind",
+             "variant", 0, kindChoices},
+            {"stream-version", QStringLiteral("The stream's version of Qt: %1.").arg(versions), "version",
+             "5.15", 0, NValueStream::versions},
+            {"little-endian", QStringLiteral("Reads numbers with their low byte first.")}};
+}
+
+QStringList streamWords(int position)
+{
+    return position == 1 ? QStringList{QStringLiteral("diff")} : QStringList();
 }
 
 int runStream(const QCommandLineParser& parser, Report& report)
 {
     const QStringList arguments = parser.positionalArguments();
-    if (arguments.size() != 1) {
-        return wrongUsage(report, QStringLiteral("one file is expected"));
+    const bool isDiff = arguments.size() == 3 && arguments.first() == QLatin1String("diff");
+    if (arguments.size() != 1 && !isDiff) {
+        return wrongUsage(report, QStringLiteral("one file, or diff and two files, is expected"));
     }
-    const SKind* kind = findRow(KINDS, parser.value(QStringLiteral("kind")));
-    if (!kind) {
-        return wrongUsage(report,
-                          QStringLiteral("no such kind: %1").arg(parser.value(QStringLiteral("kind"))));
+    SStreamForm form;
+    if (!readForm(parser, form, report)) {
+        return EXIT_USAGE;
     }
-    const QString versionName = parser.value(QStringLiteral("stream-version"));
-    const SVersion* version = findRow(VERSIONS, versionName);
-    if (!version) {
-        return wrongUsage(report, QStringLiteral("no such stream version: %1").arg(versionName));
-    }
-    QFile file(arguments.first());
-    if (!file.open(QIODevice::ReadOnly)) {
-        report.setError(QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
-        return EXIT_INVALID;
-    }
-    QDataStream stream(&file);
-    stream.setVersion(version->version);
-    stream.setByteOrder(parser.isSet(QStringLiteral("little-endian")) ? QDataStream::LittleEndian
-                                                                      : QDataStream::BigEndian);
-    QList<QStringList> rows;
-    const int code = readAll(stream, *kind, report, rows);
-    report.add(QStringLiteral("kind"), QStringLiteral("Kind"), QLatin1String(kind->name));
-    report.add(QStringLiteral("values"), QStringLiteral("Values"), rows.size());
-    report.addTable(QStringLiteral("items"),
-                    {QStringLiteral("byte"), QStringLiteral("type"), QStringLiteral("text")}, rows);
-    return code;
+    return isDiff ? showDifferences(arguments.at(1), arguments.at(2), form, report)
+                  : show(arguments.first(), form, report);
 }

@@ -1,212 +1,204 @@
+#include <core/files/CTar.h>
+#include <tools/tlx/archive/OpenArchive.h>
 #include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
+#include <tools/tlx/commands/TarExtract.h>
 #include <tools/tlx/report/Report.h>
 #include <tools/tlx/terminal/Output.h>
-
-#include <core/files/CTar.h>
+#include <tools/tlx/terminal/Progress.h>
+#include <tools/tlx/terminal/Terminal.h>
 
 #include <QCommandLineParser>
-#include <QFile>
-#include <QFileInfo>
 
-#include <algorithm>
+#include <optional>
 
 namespace {
 
-constexpr qint64 BLOCK = 512;
-constexpr int CHECKSUM_OFFSET = 148;
-constexpr int CHECKSUM_WIDTH = 8;
-
-const char* kindName(qint32 type)
+int list(OpenArchive& archive, const QCommandLineParser& parser, Report& report)
 {
-    switch (type) {
-    case CTarFileInfo::TYPE_FILE:
-        return "file";
-    case CTarFileInfo::TYPE_SYMLINK:
-        return "link";
-    case CTarFileInfo::TYPE_DIRECTORY:
-        return "directory";
-    default:
-        return "other";
+    const bool isUtf8 = parser.isSet(QStringLiteral("utf8"));
+    const auto shown = [isUtf8](const QString& name) {
+        return isUtf8 ? QString::fromUtf8(name.toLatin1()) : name;
+    };
+    QList<QJsonArray> rows;
+    for (int i = 0; i < archive.tar().count(); ++i) {
+        const CTarFileInfo info = archive.tar().info(i);
+        const QStringList losses = archive.losses(i);
+        rows << QJsonArray{i,
+                           archive.kindName(i),
+                           wideNumber(info.mSize),
+                           wideNumber(info.mPos),
+                           shown(info.mName),
+                           shown(info.mLinkName),
+                           losses.isEmpty() ? QJsonValue() : QJsonValue(losses.join(QLatin1String("; ")))};
     }
+    report.addTable("members", {"index", "kind", "size", "position", "name", "linkName", "note"}, rows);
+    return EXIT_DONE;
 }
 
-qint64 nextHeader(const CTarFileInfo& info)
-{
-    return info.mPos + BLOCK + (info.mSize + BLOCK - 1) / BLOCK * BLOCK;
-}
-
-// The damage stands in the header at which indexing stopped, or where the file ends before it.
-void reportDamage(Report& report, const CTar& tar, qint64 fileSize)
-{
-    const qint64 header = tar.count() == 0 ? 0 : nextHeader(tar.info(tar.count() - 1));
-    const QString text =
-        tar.error().isEmpty() ? QStringLiteral("the header's size is not an octal number") : tar.error();
-    report.setError(text, std::min(header, fileSize));
-}
-
-// The archive as `loadFile` took it; an archive that cannot be opened has no damage that has a place.
-bool load(const QString& fileName, CTar& tar, Report& report, int* code)
-{
-    if (tar.loadFile(fileName)) {
-        *code = EXIT_DONE;
-        return true;
-    }
-    *code = EXIT_INVALID;
-    const QFileInfo file(fileName);
-    if (!file.isFile() || !file.isReadable()) {
-        report.setError(QStringLiteral("%1: %2").arg(fileName, tar.error()));
-        return false;
-    }
-    reportDamage(report, tar, file.size());
-    return true;
-}
-
-QStringList memberRow(const CTarFileInfo& info, int index)
-{
-    return {QString::number(index),
-            QLatin1String(kindName(info.mType)),
-            QString::number(info.mSize),
-            QString::number(info.mPos),
-            info.mName,
-            info.mLinkName};
-}
-
-int list(const QString& fileName, Report& report)
-{
-    CTar tar;
-    int code = EXIT_DONE;
-    if (load(fileName, tar, report, &code)) {
-        QList<QStringList> rows;
-        for (int i = 0; i < tar.count(); ++i) {
-            rows << memberRow(tar.info(i), i);
-        }
-        report.addTable(QStringLiteral("members"),
-                        {QStringLiteral("index"), QStringLiteral("kind"), QStringLiteral("size"),
-                         QStringLiteral("position"), QStringLiteral("name"), QStringLiteral("linkName")},
-                        rows);
-    }
-    return code;
-}
-
-int cat(const QString& fileName, const QString& member, const QCommandLineParser& parser, Report& report)
-{
-    CTar tar;
-    int code = EXIT_DONE;
-    if (!load(fileName, tar, report, &code)) {
-        return code;
-    }
-    bool isNumber = true;
-    const bool byIndex = parser.isSet(QStringLiteral("index"));
-    const int index = byIndex ? member.toInt(&isNumber) : tar.index(member);
-    if (!isNumber) {
-        return wrongUsage(report, QStringLiteral("not an index: %1").arg(member));
-    }
-    QByteArray data;
-    if (index < 0 && !byIndex) {
-        report.setError(QStringLiteral("no such member: %1").arg(member));
-        return EXIT_INVALID;
-    }
-    if (!tar.file(index, data)) {
-        const bool isMember = tar.info(index) != CTarFileInfo();
-        report.setError(tar.error(), isMember ? tar.info(index).mPos + BLOCK : -1);
-        return EXIT_INVALID;
-    }
-    if (parser.isSet(QStringLiteral("json"))) {
-        report.add(QStringLiteral("base64"), QString(), QString::fromLatin1(data.toBase64()));
-    } else {
-        printBytes(stdout, data);
-    }
-    return code;
-}
-
-// POSIX: the sum of the header's bytes, with blanks in place of the checksum itself.
-bool isChecksumRight(QFile& file, const CTarFileInfo& info)
-{
-    if (!file.seek(info.mPos)) {
-        return false;
-    }
-    QByteArray header = file.read(BLOCK);
-    const QByteArray field = header.mid(CHECKSUM_OFFSET, CHECKSUM_WIDTH);
-    header.replace(CHECKSUM_OFFSET, CHECKSUM_WIDTH, QByteArray(CHECKSUM_WIDTH, ' '));
-    quint32 sum = 0;
-    for (const char byte : qAsConst(header)) {
-        sum += static_cast<uchar>(byte);
-    }
-    bool ok = false;
-    return QString::fromLatin1(field.constData(), qstrnlen(field.constData(), CHECKSUM_WIDTH)).toUInt(&ok, 8)
-               == sum
-           && ok;
-}
-
-// What CTar reads without complaint, but a person may want to know.
-QStringList warnings(const CTar& tar, QFile& file)
+// What the library reads without complaint, but a person may want to know.
+QStringList warnings(const OpenArchive& archive)
 {
     QStringList texts;
-    for (int i = 0; i < tar.count(); ++i) {
-        const CTarFileInfo info = tar.info(i);
+    for (int i = 0; i < archive.tar().count(); ++i) {
+        const CTarFileInfo info = archive.tar().info(i);
         const QString where = QStringLiteral("member %1 at byte %2: ").arg(i).arg(info.mPos);
-        if (!isChecksumRight(file, info)) {
-            texts << where + QStringLiteral("wrong checksum");
+        const QStringList losses = archive.losses(i);
+        for (const QString& loss : losses) {
+            texts << where + loss;
         }
-        if (!info.isValid()) {
-            texts << where + QStringLiteral("a kind that is not supported");
-        }
-        if (tar.index(info.mName) != i) {
+        if (archive.tar().index(info.mName) != i && !archive.isExtension(i)) {
             texts << where + QStringLiteral("a name that another member has");
         }
     }
     return texts;
 }
 
-int check(const QString& fileName, Report& report)
+int check(OpenArchive& archive, const QCommandLineParser&, Report& report)
 {
-    CTar tar;
-    int code = EXIT_DONE;
-    if (!load(fileName, tar, report, &code)) {
-        return code;
-    }
     int kinds[] = {0, 0, 0, 0};
     qint64 bytes = 0;
+    const CTar& tar = archive.tar();
     for (int i = 0; i < tar.count(); ++i) {
         ++kinds[tar.info(i).mType];
         bytes += tar.info(i).mSize;
     }
-    QFile file(fileName);
-    file.open(QIODevice::ReadOnly);
-    const QStringList texts = warnings(tar, file);
-    report.add(QStringLiteral("members"), QStringLiteral("Members"), tar.count());
-    report.add(QStringLiteral("files"), QStringLiteral("Regular files"), kinds[CTarFileInfo::TYPE_FILE]);
-    report.add(QStringLiteral("links"), QStringLiteral("Symbolic links"), kinds[CTarFileInfo::TYPE_SYMLINK]);
-    report.add(QStringLiteral("directories"), QStringLiteral("Directories"),
-               kinds[CTarFileInfo::TYPE_DIRECTORY]);
-    report.add(QStringLiteral("others"), QStringLiteral("Other kinds"), kinds[CTarFileInfo::TYPE_INVALID]);
-    report.add(QStringLiteral("bytes"), QStringLiteral("Bytes in members"), QString::number(bytes));
-    report.add(QStringLiteral("warnings"), QStringLiteral("Warnings"), QJsonArray::fromStringList(texts));
-    return code;
+    const QStringList texts = warnings(archive);
+    report.add("members", "Members", tar.count());
+    report.add("files", "Regular files", kinds[CTarFileInfo::TYPE_FILE]);
+    report.add("links", "Symbolic links", kinds[CTarFileInfo::TYPE_SYMLINK]);
+    report.add("directories", "Directories", kinds[CTarFileInfo::TYPE_DIRECTORY]);
+    report.add("others", "Other kinds", kinds[CTarFileInfo::TYPE_INVALID]);
+    report.add("bytes", "Bytes in members", wideNumber(bytes));
+    report.add("warnings", "Warnings", QJsonArray::fromStringList(texts));
+    if (!texts.isEmpty()) {
+        report.setError(QStringLiteral("%1 warnings: see the list").arg(texts.size()));
+    }
+    return EXIT_DONE;
 }
+
+// The member that the command line names; -1, and said in the report, when there is none.
+int findMember(const OpenArchive& archive, const QString& member, bool byIndex, Report& report)
+{
+    if (!byIndex) {
+        const int index = archive.find(member);
+        if (index < 0) {
+            report.setError(QStringLiteral("no such member: ") + member);
+        }
+        return index;
+    }
+    bool isNumber = false;
+    const int index = member.toInt(&isNumber);
+    if (!isNumber) {
+        wrongUsage(report, QStringLiteral("not an index: %1").arg(member));
+    } else if (index < 0 || index >= archive.tar().count()) {
+        report.setError(QStringLiteral("no such index: %1: the archive has %2 members")
+                            .arg(index)
+                            .arg(archive.tar().count()));
+    }
+    return report.hasError() ? -1 : index;
+}
+
+int catJson(OpenArchive& archive, int index, Report& report)
+{
+    QByteArray data;
+    if (!archive.tar().file(index, data)) {
+        return invalid(report, archive.tar().error(), archive.dataStart(index));
+    }
+    report.add("base64", "Base64", QString::fromLatin1(data.toBase64()));
+    return EXIT_DONE;
+}
+
+int catBytes(OpenArchive& archive, int index, Report& report)
+{
+    const qint64 size = archive.tar().info(index).mSize;
+    std::optional<Progress> progress;
+    if (!NTerminal::isTerminal(stdout)) {
+        progress.emplace(QStringLiteral("reading"), size);
+    }
+    qint64 copied = 0;
+    const auto write = [&](const QByteArray& block) {
+        printBytes(stdout, block);
+        if (progress) {
+            progress->show(copied);
+        }
+        return outputState() == OUTPUT_WRITTEN;
+    };
+    report.setWritten();
+    if (!copyBlocks(archive.device(), archive.dataStart(index), size, write, copied) && copied < size
+        && outputState() == OUTPUT_WRITTEN) {
+        return invalid(report,
+                       QStringLiteral("ERROR: %1 bytes read but %2 are expected !").arg(copied).arg(size),
+                       archive.dataStart(index));
+    }
+    return EXIT_DONE;
+}
+
+int cat(OpenArchive& archive, const QCommandLineParser& parser, Report& report)
+{
+    const bool byIndex = parser.isSet(QStringLiteral("index"));
+    const int before = report.hasError() ? EXIT_INVALID : EXIT_DONE;
+    if (before != EXIT_DONE) {
+        return before;
+    }
+    const QString member = parser.positionalArguments().at(2);
+    const int index = findMember(archive, member, byIndex, report);
+    if (index < 0) {
+        bool isNumber = true;
+        if (byIndex) {
+            member.toInt(&isNumber);
+        }
+        return isNumber ? EXIT_INVALID : EXIT_USAGE;
+    }
+    return parser.isSet(QStringLiteral("json")) ? catJson(archive, index, report)
+                                                : catBytes(archive, index, report);
+}
+
+// The tasks, and how many arguments follow the archive's name.
+struct STask
+{
+    const char* name;
+    int least;
+    int most;
+    int (*run)(OpenArchive& archive, const QCommandLineParser& parser, Report& report);
+};
+
+constexpr STask TASKS[] = {{"list", 0, 0, list},
+                           {"check", 0, 0, check},
+                           {"cat", 1, 1, cat},
+                           {"extract", 0, 1 << 20, extractMembers}};
 
 } // namespace
 
-void addTarOptions(QCommandLineParser& parser)
+QList<SOption> tarOptions()
 {
-    parser.addOption(
-        {QStringLiteral("index"), QStringLiteral("cat: MEMBER is an index from `list`, not a name.")});
+    return {{"index", QStringLiteral("cat: MEMBER is an index from `list`, not a name.")},
+            {"utf8", QStringLiteral("list: decodes names as UTF-8; the library reads them as Latin-1.")},
+            {"directory", QStringLiteral("extract: the folder to extract into (the current one)."), "DIR",
+             ".", 'C'},
+            {"force", QStringLiteral("extract: replaces existing files.")}};
+}
+
+QStringList tarWords(int position)
+{
+    QStringList names;
+    for (const STask& task : TASKS) {
+        names << QLatin1String(task.name);
+    }
+    return position == 1 ? names : QStringList();
 }
 
 int runTar(const QCommandLineParser& parser, Report& report)
 {
     const QStringList arguments = parser.positionalArguments();
-    const QString task = arguments.value(0);
-    const QString fileName = arguments.value(1);
-    if (task == QLatin1String("list") && arguments.size() == 2) {
-        return list(fileName, report);
+    const int further = arguments.size() - 2;
+    for (const STask& task : TASKS) {
+        if (arguments.value(0) == QLatin1String(task.name) && further >= task.least && further <= task.most) {
+            OpenArchive archive;
+            return archive.open(arguments.at(1), report) ? task.run(archive, parser, report)
+                                                         : int(EXIT_INVALID);
+        }
     }
-    if (task == QLatin1String("check") && arguments.size() == 2) {
-        return check(fileName, report);
-    }
-    if (task == QLatin1String("cat") && arguments.size() == 3) {
-        return cat(fileName, arguments.at(2), parser, report);
-    }
-    return wrongUsage(report, QStringLiteral("list FILE, check FILE or cat FILE MEMBER is expected"));
+    return wrongUsage(
+        report,
+        QStringLiteral("list FILE, check FILE, cat FILE MEMBER or extract FILE [MEMBER]... is expected"));
 }

@@ -1,11 +1,11 @@
 #include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
+#include <tools/tlx/input/InputFile.h>
 #include <tools/tlx/report/Report.h>
+#include <tools/tlx/terminal/Output.h>
 
 #include <core/app/CHmac.h>
 
 #include <QCommandLineParser>
-#include <QFile>
 
 #include <limits>
 
@@ -48,12 +48,11 @@ bool readText(const QCommandLineParser& parser, QByteArray* text, Report& report
         *text = qgetenv(KEY_VARIABLE);
         return qEnvironmentVariableIsSet(KEY_VARIABLE);
     }
-    QFile file(parser.value(QStringLiteral("key-file")));
-    if (!file.open(QIODevice::ReadOnly)) {
-        report.setError(QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
+    InputFile file;
+    if (!file.openSequential(parser.value(QStringLiteral("key-file")), report)) {
         return false;
     }
-    *text = file.readAll();
+    *text = file.device().readAll();
     return true;
 }
 
@@ -84,17 +83,25 @@ int readKey(const QCommandLineParser& parser, QByteArray* key, Report& report)
                                             .arg(QLatin1String(KEY_VARIABLE)));
     }
     if (!decode(parser, text, key)) {
-        report.setError(QStringLiteral("the key is not of the form that was named"));
-        return EXIT_INVALID;
+        return invalid(report, QStringLiteral("the key is not of the form that was named"));
     }
     return EXIT_DONE;
+}
+
+void showCode(const QString& code, const QCommandLineParser& parser, Report& report)
+{
+    report.add("code", "Code", code);
+    if (parser.isSet(QStringLiteral("quiet")) && !parser.isSet(QStringLiteral("json"))) {
+        printText(stdout, code + QLatin1Char('\n'));
+        report.setWritten();
+    }
 }
 
 int reportCheck(int result, Report& report)
 {
     static const char* const ANSWERS[] = {"valid", "not valid", "wrong length"};
-    report.add(QStringLiteral("result"), QStringLiteral("Result"), result);
-    report.add(QStringLiteral("valid"), QStringLiteral("Valid"), result == 0);
+    report.add("result", "Result", result);
+    report.add("valid", "Valid", result == 0);
     if (result != 0) {
         report.setError(QStringLiteral("the code: %1").arg(QLatin1String(ANSWERS[result])));
     }
@@ -103,18 +110,24 @@ int reportCheck(int result, Report& report)
 
 } // namespace
 
-void addTotpOptions(QCommandLineParser& parser)
+QList<SOption> totpOptions()
 {
-    parser.addOption(
-        {QStringLiteral("key-file"),
+    QList<SOption> options{
+        {"key-file",
          QStringLiteral("File that holds the key, every byte of it; without it, the variable TLX_TOTP_KEY."),
-         QStringLiteral("file")});
-    parser.addOption({QStringLiteral("hex"), QStringLiteral("The key is written as hexadecimal digits.")});
-    parser.addOption({QStringLiteral("base64"), QStringLiteral("The key is written as Base64.")});
+         "file"},
+        {"hex", QStringLiteral("The key is written as hexadecimal digits.")},
+        {"base64", QStringLiteral("The key is written as Base64.")},
+        {"quiet", QStringLiteral("make: prints the code alone.")}};
     for (const SNumber& number : {T0, STEP, DIGITS, WINDOW}) {
-        parser.addOption({QLatin1String(number.name), QLatin1String(number.text), QStringLiteral("number"),
-                          QLatin1String(number.fallback)});
+        options << SOption{number.name, QLatin1String(number.text), "number", number.fallback};
     }
+    return options;
+}
+
+QStringList totpWords(int position)
+{
+    return position == 1 ? QStringList{QStringLiteral("make"), QStringLiteral("check")} : QStringList();
 }
 
 int runTotp(const QCommandLineParser& parser, Report& report)
@@ -123,7 +136,7 @@ int runTotp(const QCommandLineParser& parser, Report& report)
     const bool isMake = arguments == QStringList{QStringLiteral("make")};
     const bool isCheck = arguments.size() == 2 && arguments.first() == QLatin1String("check");
     if (!isMake && !isCheck) {
-        return wrongUsage(report, QStringLiteral("make, or check CODE is expected"));
+        return wrongUsage(report, QStringLiteral("make or check CODE is expected"));
     }
     if (parser.isSet(QStringLiteral("hex")) && parser.isSet(QStringLiteral("base64"))) {
         return wrongUsage(report, QStringLiteral("the key is either hexadecimal or Base64"));
@@ -143,8 +156,7 @@ int runTotp(const QCommandLineParser& parser, Report& report)
     const auto stepSeconds = static_cast<quint32>(step);
     const auto digitCount = static_cast<qint32>(digits);
     if (isMake) {
-        report.add(QStringLiteral("code"), QStringLiteral("Code"),
-                   CHmac::totpStr(key, t0, stepSeconds, digitCount));
+        showCode(CHmac::totpStr(key, t0, stepSeconds, digitCount), parser, report);
         return EXIT_DONE;
     }
     return reportCheck(

@@ -1,8 +1,6 @@
-#include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
-#include <tools/tlx/report/Report.h>
-
 #include <core/files/CDir.h>
+#include <tools/tlx/commands/Commands.h>
+#include <tools/tlx/report/Report.h>
 
 #include <QCommandLineParser>
 
@@ -28,18 +26,17 @@ int runTrash(const QCommandLineParser& parser, Report& report)
     if (paths.isEmpty()) {
         return wrongUsage(report, QStringLiteral("at least one path is expected"));
     }
-    QList<QStringList> rows;
+    QList<QJsonArray> rows;
     int failures = 0;
     for (const QString& path : paths) {
         const int result = CDir::moveToTrash(path);
         failures += result == CDir::TRASH_DONE ? 0 : 1;
-        rows << QStringList{path, QString::number(result), textOf(result)};
+        rows << QJsonArray{path, result, textOf(result)};
     }
-    report.addTable(QStringLiteral("paths"),
-                    {QStringLiteral("path"), QStringLiteral("code"), QStringLiteral("result")}, rows);
+    report.addTable("paths", {"path", "code", "result"}, rows);
     if (failures > 0) {
-        report.setError(QStringLiteral("%1 of %2 paths were not moved").arg(failures).arg(paths.size()));
-        return EXIT_INVALID;
+        return invalid(report,
+                       QStringLiteral("%1 of %2 paths were not moved").arg(failures).arg(paths.size()));
     }
     return EXIT_DONE;
 }

@@ -1,5 +1,5 @@
 #include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
+#include <tools/tlx/input/Undecodable.h>
 #include <tools/tlx/report/Report.h>
 
 #include <core/files/CDir.h>
@@ -26,10 +26,10 @@ NtlxGlobal::EDirFilter filterOf(const QCommandLineParser& parser)
 
 } // namespace
 
-void addTreeOptions(QCommandLineParser& parser)
+QList<SOption> treeOptions()
 {
-    parser.addOption({QStringLiteral("files"), QStringLiteral("Lists files only.")});
-    parser.addOption({QStringLiteral("dirs"), QStringLiteral("Lists directories only.")});
+    return {{"files", QStringLiteral("Lists files only.")},
+            {"dirs", QStringLiteral("Lists directories only.")}};
 }
 
 int runTree(const QCommandLineParser& parser, Report& report)
@@ -43,24 +43,26 @@ int runTree(const QCommandLineParser& parser, Report& report)
     }
     const QFileInfo directory(arguments.first());
     if (arguments.first().isEmpty() || !directory.isDir()) {
-        report.setError(QStringLiteral("no such directory: %1").arg(arguments.first()));
-        return EXIT_INVALID;
+        return invalid(report, QStringLiteral("no such directory: ") + arguments.first());
     }
     const QString root = QDir::current().absoluteFilePath(arguments.first());
-    QList<QStringList> rows;
+    QList<QJsonArray> rows;
     qint64 bytes = 0;
     const QFileInfoList entries = CDir::entryInfoListRecursive(root, {}, filterOf(parser));
     for (const QFileInfo& entry : entries) {
         const bool isFile = entry.isFile() && !entry.isSymLink();
         bytes += isFile ? entry.size() : 0;
-        rows << QStringList{CDir::getRelativeSubPath(root, entry.filePath()), kindOf(entry),
-                            isFile ? QString::number(entry.size()) : QString()};
+        rows << QJsonArray{CDir::getRelativeSubPath(root, entry.filePath()), kindOf(entry),
+                           isFile ? wideNumber(entry.size()) : QJsonValue()};
     }
-    std::sort(rows.begin(), rows.end());
-    report.add(QStringLiteral("directory"), QStringLiteral("Directory"), directory.absoluteFilePath());
-    report.add(QStringLiteral("count"), QStringLiteral("Entries"), rows.size());
-    report.add(QStringLiteral("bytes"), QStringLiteral("Bytes in files"), QString::number(bytes));
-    report.addTable(QStringLiteral("entries"),
-                    {QStringLiteral("path"), QStringLiteral("kind"), QStringLiteral("size")}, rows);
+    const auto isBefore = [](const QJsonArray& a, const QJsonArray& b) {
+        return a.at(0).toString() < b.at(0).toString();
+    };
+    std::sort(rows.begin(), rows.end(), isBefore);
+    report.add("directory", "Directory", directory.absoluteFilePath());
+    report.add("count", "Entries", rows.size());
+    report.add("bytes", "Bytes in files", wideNumber(bytes));
+    report.addTable("entries", {"path", "kind", "size"}, rows);
+    addOmitted(arguments.first(), report);
     return EXIT_DONE;
 }

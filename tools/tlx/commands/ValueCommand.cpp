@@ -1,5 +1,7 @@
 #include <tools/tlx/commands/Commands.h>
-#include <tools/tlx/program/Command.h>
+#include <tools/tlx/input/InputFile.h>
+#include <tools/tlx/input/Judgement.h>
+#include <tools/tlx/input/Types.h>
 #include <tools/tlx/report/Report.h>
 
 #include <core/text/CStr.h>
@@ -88,19 +90,6 @@ const SReading READINGS[] = {
     {NTypes::TYPE_UTF16CHAR, readUtf16Char},
 };
 
-// A type by its name or number; false when the catalogue has none.
-bool findType(const QString& word, NTypes::ETypes& type)
-{
-    for (quint32 number = 0; number <= NTypes::TYPE_CHAR; ++number) {
-        type = static_cast<NTypes::ETypes>(number);
-        if (word.compare(CStr::nTypeToStr(type), Qt::CaseInsensitive) == 0
-            || word == QString::number(number)) {
-            return true;
-        }
-    }
-    return false;
-}
-
 QString payloadName(const QVariant& payload)
 {
     return payload.isValid() ? QString::fromLatin1(payload.typeName()) : QStringLiteral("none");
@@ -108,13 +97,13 @@ QString payloadName(const QVariant& payload)
 
 void addForms(Report& report, const CVariant& value)
 {
-    report.add(QStringLiteral("type"), QStringLiteral("Type"), CStr::nTypeToStr(value.type()));
-    report.add(QStringLiteral("typeNumber"), QStringLiteral("Type number"), static_cast<int>(value.type()));
-    report.add(QStringLiteral("payload"), QStringLiteral("Payload"), payloadName(value));
-    report.add(QStringLiteral("valid"), QStringLiteral("Valid"), value.isValid());
-    report.add(QStringLiteral("null"), QStringLiteral("Null"), value.isNull());
-    report.add(QStringLiteral("text"), QStringLiteral("Text"), value.toStr());
-    report.add(QStringLiteral("localText"), QStringLiteral("Text in this locale"), value.toLocaleStr());
+    report.add("type", "Type", CStr::nTypeToStr(value.type()));
+    report.add("typeNumber", "Type number", static_cast<int>(value.type()));
+    report.add("payload", "Payload", payloadName(value));
+    report.add("valid", "Valid", value.isValid());
+    report.add("null", "Null", value.isNull());
+    report.add("text", "Text", value.toStr());
+    report.add("localText", "Text in this locale", value.toLocaleStr());
 }
 
 // The bits of an integer, the most significant first, a blank between two bytes; empty for other types.
@@ -139,11 +128,11 @@ void addDigits(Report& report, const CVariant& value)
 {
     const QString digits = value.toHex(QString());
     if (!digits.isEmpty()) {
-        report.add(QStringLiteral("hex"), QStringLiteral("Hexadecimal"), digits);
+        report.add("hex", "Hexadecimal", digits);
     }
     const QString bits = bitsOf(value);
     if (!bits.isEmpty()) {
-        report.add(QStringLiteral("bits"), QStringLiteral("Bits"), bits);
+        report.add("bits", "Bits", bits);
     }
 }
 
@@ -163,32 +152,78 @@ void addDefault(Report& report, NTypes::ETypes type)
 {
     const CVariant value(type);
     report.setSection(QStringLiteral("default"), QStringLiteral("Default value of the type"));
-    report.add(QStringLiteral("payload"), QStringLiteral("Payload"), payloadName(value));
-    report.add(QStringLiteral("text"), QStringLiteral("Text"), value.toStr());
+    report.add("payload", "Payload", payloadName(value));
+    report.add("text", "Text", value.toStr());
+}
+
+// One value a line of standard input, as a row each.
+int showLines(NTypes::ETypes type, Report& report)
+{
+    InputFile input;
+    if (!input.openSequential(QStringLiteral("-"), report)) {
+        return EXIT_INVALID;
+    }
+    QList<QJsonArray> rows;
+    int refused = 0;
+    for (QByteArray line = input.device().readLine(); !line.isEmpty(); line = input.device().readLine()) {
+        const bool hasEnd = line.endsWith('\n');
+        const QString text =
+            QString::fromLocal8Bit(hasEnd ? line.chopped(line.endsWith("\r\n") ? 2 : 1) : line);
+        const CVariant value(text, type);
+        const QString said = judgement(text, value);
+        refused += said.isEmpty() ? 0 : 1;
+        rows << QJsonArray{rows.size() + 1, text,
+                           value.toStr(),   value.toHex(QString()),
+                           said.isEmpty(),  said.isEmpty() ? QJsonValue() : QJsonValue(said)};
+    }
+    report.add("type", "Type", CStr::nTypeToStr(type));
+    report.addTable("values", {"line", "text", "value", "hex", "accepted", "note"}, rows);
+    if (refused > 0) {
+        report.setError(QStringLiteral("%1 of %2 lines are no values of the type: see their notes")
+                            .arg(refused)
+                            .arg(rows.size()));
+    }
+    return EXIT_DONE;
+}
+
+void showOne(const CVariant& value, NTypes::ETypes type, Report& report)
+{
+    addForms(report, value);
+    addDigits(report, value);
+    addReadings(report, value);
+    addDefault(report, type);
 }
 
 } // namespace
+
+QStringList valueWords(int position)
+{
+    return position == 1 ? NLookup::typeNames() : QStringList();
+}
 
 int runValue(const QCommandLineParser& parser, Report& report)
 {
     const QStringList arguments = parser.positionalArguments();
     if (arguments.isEmpty() || arguments.size() > 2) {
         return wrongUsage(
-            report, QStringLiteral("a type and at most one text are expected; put -- before a text that "
+            report, QStringLiteral("a type and at most one text are expected: put -- before a text that "
                                    "begins with a dash"));
     }
     NTypes::ETypes type = NTypes::TYPE_UNKNOWN;
-    if (!findType(arguments.first(), type)) {
-        return wrongUsage(report, QStringLiteral("no such type: %1").arg(arguments.first()));
+    if (!NLookup::findType(arguments.first(), type)) {
+        return wrongUsage(report, NLookup::noSuchType(arguments.first()));
     }
     if (!CVariant(type).isValid()) {
-        report.setError(QStringLiteral("no value of type %1 exists").arg(CStr::nTypeToStr(type)));
-        return EXIT_INVALID;
+        return invalid(report, QStringLiteral("no value of type %1 exists").arg(CStr::nTypeToStr(type)));
+    }
+    if (arguments.size() == 2 && isStandardInput(arguments.last())) {
+        return showLines(type, report);
     }
     const CVariant value = arguments.size() == 2 ? CVariant(arguments.last(), type) : CVariant(type);
-    addForms(report, value);
-    addDigits(report, value);
-    addReadings(report, value);
-    addDefault(report, type);
+    showOne(value, type, report);
+    const QString said = arguments.size() == 2 ? judgement(arguments.last(), value) : QString();
+    if (!said.isEmpty()) {
+        report.setError(arguments.last() + QLatin1String(": ") + said);
+    }
     return EXIT_DONE;
 }

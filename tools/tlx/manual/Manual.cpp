@@ -1,36 +1,89 @@
 #include <tools/tlx/manual/Manual.h>
 
 #include <tools/tlx/program/Command.h>
+#include <tools/tlx/terminal/Cells.h>
+#include <tools/tlx/terminal/Terminal.h>
 
-#include <QCommandLineParser>
+#include <algorithm>
 
 namespace {
 
 const QString PURPOSE =
     QStringLiteral("Shows what the library tlxCore does with the values that it is given.");
-const QString EXIT_CODES = QStringLiteral("0 done, 1 the input is damaged or not valid, 2 wrong usage.");
+const QString EXIT_CODES =
+    QStringLiteral("0 done, 1 the input is damaged or not valid or differs, 2 wrong usage.");
 
-// The lines of the command's options, as QCommandLineParser lays them out.
-QString optionsOf(const SCommand& command)
+struct SGeneral
 {
-    QCommandLineParser parser;
-    addOptions(parser, command);
-    const QString help = parser.helpText();
-    const int first = help.indexOf(QLatin1String("Options:"));
-    return help.mid(help.indexOf(QLatin1Char('\n'), first) + 1);
+    const char* name;
+    const char* summary;
+};
+
+constexpr SGeneral GENERAL[] = {
+    {"--help", "Shows this help; after a command, the command's own."},
+    {"--version", "Shows the versions of tlx, Qt and the compiler, and the commit."},
+    {"--json", "Before or after a command: prints the result as one JSON object."},
+    {"--manual-page", "Prints the manual page, for man -l."},
+    {"--bash-completion", "Prints the completion script for bash."},
+    {"--zsh-completion", "Prints the completion script for zsh."},
+    {"--fish-completion", "Prints the completion script for fish."},
+};
+
+int helpWidth()
+{
+    constexpr int USUAL = 80;
+    const int width = NTerminal::outputWidth();
+    return width > 0 ? width : USUAL;
 }
 
-QStringList optionNames(const SCommand& command)
+// "  NAME  text": the text wrapped beside the name, or below it where there is little room.
+QString entry(const QString& name, const QString& text, int nameWidth)
 {
-    QStringList names;
-    const QStringList words = optionsOf(command).simplified().split(QLatin1Char(' '));
-    for (const QString& word : words) {
-        const QString name = word.section(QLatin1Char(','), 0, 0);
-        if (name.startsWith(QLatin1String("--")) && !names.contains(name)) {
-            names << name;
-        }
+    constexpr int LEAST = 24;
+    const int room = helpWidth() - nameWidth - 4;
+    const bool isBelow = room < LEAST;
+    const int indent = isBelow ? 6 : nameWidth + 4;
+    const QStringList lines = NCells::wrapped(text, isBelow ? helpWidth() - indent : room);
+    QString result =
+        QLatin1String("  ") + (isBelow ? name + QLatin1Char('\n') : NCells::filled(name, nameWidth + 2));
+    for (int i = 0; i < lines.size(); ++i) {
+        result += (i > 0 || isBelow ? QString(indent, QLatin1Char(' ')) : QString()) + lines.at(i)
+                  + QLatin1Char('\n');
     }
-    return names;
+    return result;
+}
+
+QString paragraph(const QString& text)
+{
+    return NCells::wrapped(text, helpWidth()).join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
+QString optionText(const SOption& option)
+{
+    QString text = option.letter == 0 ? QString() : QStringLiteral("-%1, ").arg(QLatin1Char(option.letter));
+    text += QStringLiteral("--") + QLatin1String(option.name);
+    return *option.value == 0 ? text : text + QStringLiteral(" <%1>").arg(QLatin1String(option.value));
+}
+
+QString optionLines(const SCommand& command)
+{
+    const QList<SOption> options = optionsOf(command);
+    int width = 0;
+    for (const SOption& option : options) {
+        width = std::max(width, optionText(option).size());
+    }
+    QString lines;
+    for (const SOption& option : options) {
+        lines += entry(optionText(option), option.summary, width);
+    }
+    return lines;
+}
+
+QString usage(const SCommand& command)
+{
+    return QStringLiteral("tlx %1 [OPTIONS] %2")
+        .arg(QLatin1String(command.name), QLatin1String(command.arguments))
+        .trimmed();
 }
 
 // Text as roff shows it: no line is taken for a request, no "-" for a hyphen, no "\" for an escape.
@@ -38,21 +91,18 @@ QString roff(const QString& text)
 {
     QString escaped = text;
     escaped.replace(QLatin1Char('\\'), QLatin1String("\\e")).replace(QLatin1Char('-'), QLatin1String("\\-"));
-    escaped.replace(QLatin1String("\n."), QLatin1String("\n\\&."));
-    return escaped;
-}
-
-QString usage(const SCommand& command)
-{
-    return QStringLiteral("tlx %1 [OPTIONS] %2")
-        .arg(QLatin1String(command.name), QLatin1String(command.arguments));
+    return escaped.startsWith(QLatin1Char('.')) ? QStringLiteral("\\&") + escaped : escaped;
 }
 
 QString commandManual(const SCommand& command)
 {
-    return QStringLiteral(".SS %1\n%2\n.PP\n.nf\n%3\n%4.fi\n.PP\nExample:\n.B %5\n")
-        .arg(QLatin1String(command.name), roff(QLatin1String(command.summary)), roff(usage(command)),
-             roff(optionsOf(command)), roff(QLatin1String(command.example)));
+    QString text =
+        QStringLiteral(".SS %1\n%2\n.PP\n.B %3\n")
+            .arg(QLatin1String(command.name), roff(QLatin1String(command.summary)), roff(usage(command)));
+    for (const SOption& option : command.options) {
+        text += QStringLiteral(".TP\n.B %1\n%2\n").arg(roff(optionText(option)), roff(option.summary));
+    }
+    return text + QStringLiteral(".PP\nExample:\n.B %1\n").arg(roff(QLatin1String(command.example)));
 }
 
 } // namespace
@@ -61,29 +111,26 @@ namespace NManual {
 
 QString overview()
 {
-    QString text = QStringLiteral("Usage: tlx COMMAND [OPTIONS] [ARGUMENTS]\n") + PURPOSE
-                   + QStringLiteral("\n\nCommands:\n");
+    QString text = QStringLiteral("Usage: tlx COMMAND [OPTIONS] [ARGUMENTS]\n") + paragraph(PURPOSE)
+                   + QStringLiteral("\nCommands:\n");
+    constexpr int NAME_WIDTH = 12;
     for (const SCommand& command : commands()) {
-        text += QStringLiteral("  %1 %2\n")
-                    .arg(QLatin1String(command.name), -12)
-                    .arg(QLatin1String(command.summary));
+        text += entry(QLatin1String(command.name), QLatin1String(command.summary), NAME_WIDTH);
     }
-    return text
-           + QStringLiteral("\nOptions:\n"
-                            "  --help             Shows this help; behind a command, the command's own.\n"
-                            "  --version          Shows the version.\n"
-                            "  --json             Behind a command: prints the result as one JSON object.\n"
-                            "  --manual-page      Prints the manual page, for man -l.\n"
-                            "  --bash-completion  Prints the completion script for bash.\n\n"
-                            "Exit codes: ")
-           + EXIT_CODES + QStringLiteral("\nExample: tlx value U16 0x1F\n");
+    text += QLatin1String("\nOptions:\n");
+    for (const SGeneral& option : GENERAL) {
+        constexpr int OPTION_WIDTH = 18;
+        text += entry(QLatin1String(option.name), QLatin1String(option.summary), OPTION_WIDTH);
+    }
+    return text + QLatin1Char('\n') + paragraph(QStringLiteral("Exit codes: ") + EXIT_CODES)
+           + QStringLiteral("Example: tlx value U16 0x1F\n");
 }
 
 QString commandHelp(const SCommand& command)
 {
-    return QStringLiteral("Usage: %1\n%2\n\nOptions:\n%3\nExample: %4\n")
-        .arg(usage(command), QLatin1String(command.summary), optionsOf(command),
-             QLatin1String(command.example));
+    return paragraph(QStringLiteral("Usage: ") + usage(command)) + paragraph(QLatin1String(command.summary))
+           + QStringLiteral("\nOptions:\n") + optionLines(command)
+           + QStringLiteral("\nExample: %1\n").arg(QLatin1String(command.example));
 }
 
 QString manualPage()
@@ -93,40 +140,20 @@ QString manualPage()
                        ".SH NAME\ntlx \\- shows values, files and directories as tlxCore sees them\n"
                        ".SH SYNOPSIS\n.B tlx\n.I COMMAND\n[OPTIONS] [ARGUMENTS]\n"
                        ".SH DESCRIPTION\n%2\n"
-                       "Every command takes \\-\\-help and \\-\\-json.\n"
-                       ".SH COMMANDS\n")
+                       "Where a file is read, \\- is standard input.\n"
+                       "Every command takes these options:\n")
             .arg(QStringLiteral(TLX_VERSION), PURPOSE);
+    SCommand common{};
+    const QList<SOption> options = optionsOf(common);
+    for (const SOption& option : options) {
+        page += QStringLiteral(".TP\n.B %1\n%2\n").arg(roff(optionText(option)), roff(option.summary));
+    }
+    page += QLatin1String(".SH COMMANDS\n");
     for (const SCommand& command : commands()) {
         page += commandManual(command);
     }
     return page + QStringLiteral(".SH EXIT STATUS\n") + EXIT_CODES
            + QStringLiteral("\n.SH ENVIRONMENT\n.TP\n.B NO_COLOR\nWhen set, nothing is coloured.\n");
-}
-
-QString bashCompletion()
-{
-    QStringList names;
-    QString cases;
-    for (const SCommand& command : commands()) {
-        names << QLatin1String(command.name);
-        cases += QStringLiteral("        %1) words=\"%2\" ;;\n")
-                     .arg(QLatin1String(command.name), optionNames(command).join(QLatin1Char(' ')));
-    }
-    return QStringLiteral("# bash completion for tlx\n"
-                          "_tlx() {\n"
-                          "    local current=${COMP_WORDS[COMP_CWORD]} words\n"
-                          "    if [ \"$COMP_CWORD\" -eq 1 ]; then\n"
-                          "        COMPREPLY=($(compgen -W \"%1 --help --version\" -- \"$current\"))\n"
-                          "        return\n"
-                          "    fi\n"
-                          "    case ${COMP_WORDS[1]} in\n%2    esac\n"
-                          "    case $current in\n"
-                          "        -*) COMPREPLY=($(compgen -W \"$words\" -- \"$current\")) ;;\n"
-                          "        *) COMPREPLY=($(compgen -f -- \"$current\")) ;;\n"
-                          "    esac\n"
-                          "}\n"
-                          "complete -o filenames -F _tlx tlx\n")
-        .arg(names.join(QLatin1Char(' ')), cases);
 }
 
 } // namespace NManual

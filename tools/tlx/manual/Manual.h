@@ -5,7 +5,7 @@
 
 struct SCommand;
 
-/// Help, manual page and completion, all made from the one table of commands.
+/// Help and manual page, made from the one table of commands. Help is wrapped to the terminal's width.
 namespace NManual {
 
 /// What `tlx --help` prints.
@@ -16,9 +16,6 @@ QString commandHelp(const SCommand& command);
 
 /// The manual page tlx(1), in man's own language.
 QString manualPage();
-
-/// The completion script for bash.
-QString bashCompletion();
 
 } // namespace NManual
 

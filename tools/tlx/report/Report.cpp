@@ -1,126 +1,34 @@
 #include <tools/tlx/report/Report.h>
 
+#include <tools/tlx/terminal/Cells.h>
+
 #include <QJsonDocument>
-#include <QVector>
 
 #include <algorithm>
-#include <numeric>
+#include <cmath>
 
 namespace {
 
 constexpr int LABEL_WIDTH = 22;
 
-bool isPlain(const QString& text, int index)
+// One row of the values of an object; those of a section have its key and a point before their own.
+void flatten(const QJsonObject& object, const QString& prefix, STable& table)
 {
-    const QChar unit = text.at(index);
-    if (unit.isHighSurrogate()) {
-        return index + 1 < text.size() && text.at(index + 1).isLowSurrogate();
-    }
-    if (unit.isLowSurrogate()) {
-        return index > 0 && text.at(index - 1).isHighSurrogate();
-    }
-    return unit.isPrint() && unit.category() != QChar::Other_Format;
-}
-
-QString shown(const QJsonValue& value)
-{
-    if (value.isArray()) {
-        QStringList texts;
-        const QJsonArray array = value.toArray();
-        for (const QJsonValue& item : array) {
-            texts << shown(item);
-        }
-        return texts.join(QLatin1String(", "));
-    }
-    if (value.isBool()) {
-        return value.toBool() ? QStringLiteral("yes") : QStringLiteral("no");
-    }
-    return escapedForTerminal(value.toVariant().toString());
-}
-
-QString bold(const QString& text, bool colour)
-{
-    return colour ? QStringLiteral("\x1b[1m") + text + QStringLiteral("\x1b[0m") : text;
-}
-
-QStringList escapedCells(const QStringList& cells)
-{
-    QStringList escaped;
-    for (const QString& cell : cells) {
-        escaped << escapedForTerminal(cell);
-    }
-    return escaped;
-}
-
-// Width of each column, the widest ones narrowed until the table fits.
-QVector<int> columnWidths(const QList<QStringList>& rows, int columns, int width)
-{
-    QVector<int> widths(columns, 0);
-    for (const QStringList& cells : rows) {
-        for (int i = 0; i < columns; ++i) {
-            widths[i] = std::max(widths.at(i), cells.value(i).size());
+    for (auto value = object.constBegin(); value != object.constEnd(); ++value) {
+        if (value->isObject()) {
+            flatten(value->toObject(), prefix + value.key() + QLatin1Char('.'), table);
+        } else {
+            table.columns << prefix + value.key();
+            table.rows.first().append(*value);
         }
     }
-    constexpr int NARROWEST = 4;
-    int total = std::accumulate(widths.cbegin(), widths.cend(), columns * 2);
-    while (width > 0 && total > width) {
-        const auto widest = std::max_element(widths.begin(), widths.end());
-        if (*widest <= NARROWEST) {
-            break;
-        }
-        --*widest;
-        --total;
-    }
-    return widths;
-}
-
-QString tableLine(const QStringList& cells, const QVector<int>& widths)
-{
-    QString line;
-    for (int i = 0; i < widths.size(); ++i) {
-        QString cell = cells.value(i);
-        if (cell.size() > widths.at(i)) {
-            cell = cell.left(widths.at(i) - 1) + QChar(0x2026);
-        }
-        line += QLatin1String("  ") + cell.leftJustified(widths.at(i));
-    }
-    while (line.endsWith(QLatin1Char(' '))) {
-        line.chop(1);
-    }
-    return line;
-}
-
-QString tableText(const QStringList& columns, const QList<QStringList>& rows, int width, bool colour)
-{
-    QList<QStringList> lines{columns};
-    for (const QStringList& cells : rows) {
-        lines << escapedCells(cells);
-    }
-    const QVector<int> widths = columnWidths(lines, columns.size(), width);
-    QString text = bold(tableLine(columns, widths), colour) + QLatin1Char('\n');
-    for (int i = 1; i < lines.size(); ++i) {
-        text += tableLine(lines.at(i), widths) + QLatin1Char('\n');
-    }
-    return text;
 }
 
 } // namespace
 
-QString escapedForTerminal(const QString& text)
+QJsonValue floatingNumber(double number)
 {
-    QString escaped;
-    escaped.reserve(text.size());
-    for (int i = 0; i < text.size(); ++i) {
-        const ushort code = text.at(i).unicode();
-        if (isPlain(text, i)) {
-            escaped += text.at(i);
-        } else if (code < 0x100) {
-            escaped += QStringLiteral("\\x%1").arg(code, 2, 16, QLatin1Char('0'));
-        } else {
-            escaped += QStringLiteral("\\u{%1}").arg(code, 4, 16, QLatin1Char('0'));
-        }
-    }
-    return escaped;
+    return std::isfinite(number) ? QJsonValue(number) : QJsonValue(QString::number(number));
 }
 
 Report::Report(const QString& command)
@@ -135,30 +43,38 @@ void Report::setSection(const QString& key, const QString& title)
     }
 }
 
-void Report::add(const QString& key, const QString& label, const QJsonValue& value)
+void Report::add(const QString& key, const QString& label, const QJsonValue& value, const QString& shownAs)
 {
     insert(key, value);
-    mBlocks << SBlock{SBlock::Row, {label, shown(value)}, {}};
+    mBlocks << SBlock{SBlock::Row, {label, shownAs.isEmpty() ? shownValue(value) : shownAs}, {}};
 }
 
-void Report::addTable(const QString& key, const QStringList& columns, const QList<QStringList>& rows)
+void Report::add(const char* key, const char* label, const QJsonValue& value, const QString& shownAs)
 {
-    QJsonArray array;
-    for (const QStringList& cells : rows) {
-        QJsonObject object;
-        for (int i = 0; i < columns.size(); ++i) {
-            object.insert(columns.at(i), cells.value(i));
-        }
-        array.append(object);
+    add(QString::fromLatin1(key), QString::fromLatin1(label), value, shownAs);
+}
+
+void Report::addTable(const char* key, std::initializer_list<const char*> columns,
+                      const QList<QJsonArray>& rows)
+{
+    QStringList keys;
+    for (const char* column : columns) {
+        keys << QString::fromLatin1(column);
     }
-    insert(key, array);
-    mBlocks << SBlock{SBlock::Table, columns, rows};
+    addTable(QString::fromLatin1(key), keys, rows);
+}
+
+void Report::addTable(const QString& key, const QStringList& columns, const QList<QJsonArray>& rows)
+{
+    const STable table{columns, rows};
+    insert(key, NTable::json(table));
+    mBlocks << SBlock{SBlock::Table, {}, table};
 }
 
 void Report::setError(const QString& message, qint64 offset)
 {
-    mMessage = message.isNull() ? QStringLiteral("") : message;
-    mOffset = offset;
+    mMessages << message;
+    mOffset = mMessages.size() == 1 ? offset : mOffset;
 }
 
 QString Report::text(int width, bool colour) const
@@ -171,39 +87,57 @@ QString Report::text(int width, bool colour) const
                     + QLatin1Char('\n');
             break;
         case SBlock::Row:
-            text += QLatin1String("  ") + block.head.first().leftJustified(LABEL_WIDTH) + QLatin1Char(' ')
+            text += QLatin1String("  ") + NCells::filled(block.head.first(), LABEL_WIDTH) + QLatin1Char(' ')
                     + block.head.last() + QLatin1Char('\n');
             break;
         case SBlock::Table:
-            text += tableText(block.head, block.rows, width, colour);
+            text += NTable::text(block.table, width, colour);
             break;
         }
     }
     return text;
 }
 
-QString Report::json() const
+QByteArray Report::json() const
 {
     QJsonObject object{{QStringLiteral("command"), mCommand},
                        {QStringLiteral("ok"), !hasError()},
                        {QStringLiteral("result"), mResult}};
     if (hasError()) {
-        QJsonObject error{{QStringLiteral("message"), mMessage}};
+        QJsonObject error{{QStringLiteral("message"), mMessages.join(QLatin1String("; "))}};
         if (mOffset >= 0) {
             error.insert(QStringLiteral("offset"), mOffset);
         }
         object.insert(QStringLiteral("error"), error);
     }
-    return QString::fromUtf8(QJsonDocument(object).toJson());
+    return QJsonDocument(object).toJson();
+}
+
+QByteArray Report::jsonLines() const
+{
+    const STable* table = firstTable();
+    return table ? NTable::jsonLines(*table) : QJsonDocument(mResult).toJson(QJsonDocument::Compact) + '\n';
+}
+
+QByteArray Report::csv() const
+{
+    if (const STable* table = firstTable()) {
+        return NTable::csv(*table);
+    }
+    STable table{{}, {QJsonArray()}};
+    flatten(mResult, QString(), table);
+    return NTable::csv(table);
 }
 
 QString Report::errorText() const
 {
-    if (!hasError()) {
-        return QString();
+    QString text;
+    for (const QString& message : mMessages) {
+        const bool hasPlace = mOffset >= 0 && text.isEmpty();
+        const QString where = hasPlace ? QStringLiteral(" (byte %1)").arg(mOffset) : QString();
+        text += QStringLiteral("tlx %1: %2%3\n").arg(mCommand, escapedForTerminal(message), where);
     }
-    const QString where = mOffset < 0 ? QString() : QStringLiteral(" (byte %1)").arg(mOffset);
-    return QStringLiteral("tlx %1: %2%3\n").arg(mCommand, escapedForTerminal(mMessage), where);
+    return text;
 }
 
 void Report::insert(const QString& key, const QJsonValue& value)
@@ -215,4 +149,11 @@ void Report::insert(const QString& key, const QJsonValue& value)
     QJsonObject section = mResult.value(mSection).toObject();
     section.insert(key, value);
     mResult.insert(mSection, section);
+}
+
+const STable* Report::firstTable() const
+{
+    const auto table = std::find_if(mBlocks.cbegin(), mBlocks.cend(),
+                                    [](const SBlock& block) { return block.kind == SBlock::Table; });
+    return table == mBlocks.cend() ? nullptr : &table->table;
 }

@@ -1,20 +1,31 @@
 #ifndef TLX_REPORT_H
 #define TLX_REPORT_H
 
-#include <QJsonArray>
+#include <tools/tlx/report/Table.h>
+
 #include <QJsonObject>
-#include <QList>
 #include <QString>
-#include <QStringList>
+
+#include <initializer_list>
+
+/// A number of 64 bits in JSON: a text.
+template <typename Number>
+QJsonValue wideNumber(Number number)
+{
+    return QString::number(number);
+}
+
+/// A floating-point number in JSON; infinities and NaN, which JSON has no numbers for, as texts.
+QJsonValue floatingNumber(double number);
 
 /**
- * @brief What a command found: rows of key and value, tables, and at most one error.
+ * @brief What a command found: rows of key and value, tables, and what is wrong.
  *
  * One report prints as text for people and as one JSON object for machines:
  *     {"command": "value", "ok": true, "result": {...}}
  *     {"command": "value", "ok": false, "result": {...}, "error": {"message": "...", "offset": 12}}
- * Keys are camelCase. 64-bit numbers are strings, since a JSON number is a double for most readers. Rows that follow
- * setSection() stand in an object of that name.
+ * Keys are camelCase. Yes and no are booleans, what is not there is null, numbers are numbers; only those of 64 bits are
+ * texts, since a JSON number is a double for most readers. Rows that follow setSection() are in an object of that name.
  *
  * In text, control characters and other characters that a terminal could act upon are shown as "\xNN" or "\u{NNNN}",
  * so that a name out of an archive or a device cannot move the cursor.
@@ -27,48 +38,62 @@ public:
     /// Puts the rows that follow into the section `key` (empty: into the result itself); `title` heads it in text.
     void setSection(const QString& key, const QString& title);
 
-    /// One row: `key` in JSON, `label` in text. JSON arrays of texts print with commas between.
-    void add(const QString& key, const QString& label, const QJsonValue& value);
+    /// One row: `key` in JSON, `label` in text, `shownAs` in place of the value in text.
+    void add(const QString& key, const QString& label, const QJsonValue& value, const QString& shownAs = {});
+    void add(const char* key, const char* label, const QJsonValue& value, const QString& shownAs = {});
 
     /// A table: in JSON an array of objects whose keys are `columns`.
-    void addTable(const QString& key, const QStringList& columns, const QList<QStringList>& rows);
+    void addTable(const QString& key, const QStringList& columns, const QList<QJsonArray>& rows);
+    void addTable(const char* key, std::initializer_list<const char*> columns, const QList<QJsonArray>& rows);
 
-    /// The error; `offset` is the byte at which the input stops making sense, -1 when there is none to name.
+    /// Says what is wrong, at which byte of the input where there is one to name. Further errors follow the first.
     void setError(const QString& message, qint64 offset = -1);
+    bool hasError() const { return !mMessages.isEmpty(); }
+
+    /// Takes note that the command has written its result itself: the report prints errors alone.
+    void setWritten() { mIsWritten = true; }
+    bool isWritten() const { return mIsWritten; }
 
     QString command() const { return mCommand; }
-    bool hasError() const { return !mMessage.isNull(); }
 
-    /// For people. Tables are cut to `width` columns (0: never), headings are bold with `colour`.
-    QString text(int width = 0, bool colour = false) const;
-    QString json() const;
+    /// The rows and tables for people, tables fitted to `width` columns (0: no limit).
+    QString text(int width, bool colour) const;
+
+    /// The one JSON object.
+    QByteArray json() const;
+
+    /// The first table, one JSON object a line; without one, the result in one line.
+    QByteArray jsonLines() const;
+
+    /// The first table as comma-separated values; without one, a line of keys and one of values.
+    QByteArray csv() const;
+
+    /// A line an error, for people; empty when there is none.
     QString errorText() const;
 
 private:
-    // One piece of the text form: a section's title, a row (label and value), or a table (columns and rows).
     struct SBlock
     {
-        enum EKind
+        enum EBlock
         {
             Title,
             Row,
             Table
         } kind;
         QStringList head;
-        QList<QStringList> rows;
+        STable table;
     };
 
     void insert(const QString& key, const QJsonValue& value);
+    const STable* firstTable() const;
 
     QString mCommand;
     QString mSection;
     QList<SBlock> mBlocks;
-    QString mMessage;
+    QStringList mMessages;
     qint64 mOffset = -1;
+    bool mIsWritten = false;
     QJsonObject mResult;
 };
-
-/// `text` with everything that a terminal could act upon shown by its code.
-QString escapedForTerminal(const QString& text);
 
 #endif // TLX_REPORT_H

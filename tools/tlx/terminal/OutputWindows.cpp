@@ -18,9 +18,7 @@ void printText(FILE* file, const QString& text)
     WriteConsoleW(console, text.utf16(), static_cast<DWORD>(text.size()), &written, nullptr);
 }
 
-void printBytes(FILE* file, const QByteArray& bytes)
+void makeBinary(FILE* file)
 {
     _setmode(_fileno(file), _O_BINARY);
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), file);
-    std::fflush(file);
 }

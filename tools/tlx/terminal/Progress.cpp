@@ -1,7 +1,10 @@
 #include <tools/tlx/terminal/Progress.h>
 
+#include <tools/tlx/terminal/Interrupt.h>
 #include <tools/tlx/terminal/Output.h>
 #include <tools/tlx/terminal/Terminal.h>
+
+#include <algorithm>
 
 Progress::Progress(const QString& what, qint64 total)
     : mWhat(what)
@@ -14,6 +17,7 @@ Progress::~Progress()
     if (mDrawn > 0) {
         draw(QString());
         printText(stderr, QStringLiteral("\r"));
+        NInterrupt::blankLine(0);
     }
 }
 
@@ -34,6 +38,7 @@ void Progress::show(qint64 done)
 
 void Progress::draw(const QString& line)
 {
+    NInterrupt::blankLine(std::max(mDrawn, line.size())); // before it is there: Ctrl-C comes at any time
     printText(stderr, QLatin1Char('\r') + line.leftJustified(mDrawn));
     mDrawn = line.size();
 }

@@ -15,6 +15,9 @@ int reportedWidth();
 /// Columns of the terminal that standard output goes to; 0 for files and pipes, where nothing is cut.
 int outputWidth();
 
+/// Blanks that many columns of the line that the cursor is in on standard error; safe in a signal handler.
+void blankErrorLine(int columns);
+
 /// True when output may be coloured: a terminal, not a dumb one, and NO_COLOR (https://no-color.org) not set.
 bool wantsColour();
 

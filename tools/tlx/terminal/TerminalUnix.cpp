@@ -1,7 +1,5 @@
 #include <tools/tlx/terminal/Terminal.h>
 
-#include <QByteArray>
-
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -16,6 +14,15 @@ int reportedWidth()
 {
     winsize size{};
     return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+}
+
+void blankErrorLine(int columns)
+{
+    bool isWritten = write(STDERR_FILENO, "\r", 1) == 1;
+    for (int i = 0; i < columns && isWritten; ++i) {
+        isWritten = write(STDERR_FILENO, " ", 1) == 1;
+    }
+    isWritten = isWritten && write(STDERR_FILENO, "\r", 1) == 1;
 }
 
 } // namespace NTerminal

@@ -18,4 +18,13 @@ int reportedWidth()
                : 0;
 }
 
+void blankErrorLine(int columns)
+{
+    _write(_fileno(stderr), "\r", 1);
+    for (int i = 0; i < columns; ++i) {
+        _write(_fileno(stderr), " ", 1);
+    }
+    _write(_fileno(stderr), "\r", 1);
+}
+
 } // namespace NTerminal
