@@ -42,7 +42,7 @@ CDateTime::CDateTime(const QDateTime& dateTime)
 {}
 
 CDateTime::CDateTime(const long long& packed, Qt::TimeSpec spec)
-    : CDateTime(NTypes::unpackDateTime(packed), spec)
+    : CDateTime(NPackedDateTime::unpack(packed), spec)
 {}
 
 CDateTime::CDateTime(const NTypes::tsDateTime& record, Qt::TimeSpec spec)
@@ -59,7 +59,7 @@ CDateTime& CDateTime::operator=(const QDateTime& dateTime)
 
 CDateTime& CDateTime::operator=(const long long& packed)
 {
-    return *this = NTypes::unpackDateTime(packed);
+    return *this = NPackedDateTime::unpack(packed);
 }
 
 CDateTime& CDateTime::operator=(const NTypes::tsDateTime& record)
@@ -128,7 +128,7 @@ unsigned long long CDateTime::toI64(Qt::TimeSpec spec) const
         {static_cast<qint8>(hundredths), static_cast<qint8>(time.second()), static_cast<qint8>(time.minute()),
          static_cast<qint8>(time.hour())},
         {static_cast<qint8>(day), static_cast<qint8>(month), static_cast<qint16>(year)}};
-    return static_cast<quint64>(NTypes::packDateTime(record));
+    return static_cast<quint64>(NPackedDateTime::pack(record));
 }
 
 QByteArray CDateTime::toI64ByteArray(Qt::TimeSpec spec) const

@@ -38,8 +38,9 @@ bool isAccelerator(const QString& text, int ampersand)
 
 QString CStr::nTypeToStr(NTypes::ETypes type)
 {
-    return static_cast<quint32>(type) < NTypes::TYPE_COUNT ? QLatin1String(NTypes::typeInfo(type).name)
-                                                           : QString();
+    return static_cast<quint32>(type) < NTypeTable::TYPE_COUNT
+               ? QLatin1String(NTypeTable::typeInfo(type).name)
+               : QString();
 }
 
 QString CStr::cutString(const QString& text, unsigned int maxLength, bool& wasCut, bool atBlank)

@@ -124,9 +124,9 @@ QHash<QString, NUnits::EObjectUnit> CUnitParser::initStrToUnit()
 QMap<QString, NTypes::ETypes> CUnitParser::initTypeMap()
 {
     QMap<QString, NTypes::ETypes> map;
-    for (quint32 i = 0; i < NTypes::TYPE_COUNT; ++i) {
-        const NTypes::STypeInfo& info = NTypes::TYPE_TABLE[i];
-        if (info.kind != NTypes::EKind::None) {
+    for (quint32 i = 0; i < NTypeTable::TYPE_COUNT; ++i) {
+        const NTypeTable::STypeInfo& info = NTypeTable::TYPE_TABLE[i];
+        if (info.kind != NTypeTable::EKind::None) {
             map.insert(QLatin1String(info.name), static_cast<NTypes::ETypes>(i));
         }
     }

@@ -1,20 +1,6 @@
 #include <core/types/CVariant.h>
 
 #include <core/types/MetaTypes.h>
-#include <core/types/TypeTable.h>
-
-using NTypes::EKind;
-using NTypes::typeInfo;
-
-namespace {
-
-template <int Size>
-QByteArray bytesOf(const char (&value)[Size])
-{
-    return QByteArray(value, Size);
-}
-
-} // namespace
 
 CVariant::CVariant(char value)
     : mValue(QByteArray(1, value))
@@ -22,17 +8,17 @@ CVariant::CVariant(char value)
 {}
 
 CVariant::CVariant(const char (&value)[64])
-    : mValue(bytesOf(value))
+    : mValue(QByteArray(value, sizeof(value)))
     , mType(NTypes::TYPE_CHARSTR64)
 {}
 
 CVariant::CVariant(const char (&value)[128])
-    : mValue(bytesOf(value))
+    : mValue(QByteArray(value, sizeof(value)))
     , mType(NTypes::TYPE_CHARSTR128)
 {}
 
 CVariant::CVariant(const char (&value)[256])
-    : mValue(bytesOf(value))
+    : mValue(QByteArray(value, sizeof(value)))
     , mType(NTypes::TYPE_CHARSTR256)
 {}
 
@@ -91,32 +77,32 @@ CVariant& CVariant::operator=(char value)
 
 CVariant& CVariant::operator=(const char (&value)[64])
 {
-    return set(bytesOf(value), NTypes::TYPE_CHARSTR64);
+    return set(QByteArray(value, sizeof(value)), NTypes::TYPE_CHARSTR64);
 }
 
 CVariant& CVariant::operator=(const char (&value)[128])
 {
-    return set(bytesOf(value), NTypes::TYPE_CHARSTR128);
+    return set(QByteArray(value, sizeof(value)), NTypes::TYPE_CHARSTR128);
 }
 
 CVariant& CVariant::operator=(const char (&value)[256])
 {
-    return set(bytesOf(value), NTypes::TYPE_CHARSTR256);
+    return set(QByteArray(value, sizeof(value)), NTypes::TYPE_CHARSTR256);
 }
 
 CVariant& CVariant::operator=(const CString32& value)
 {
-    return setUserType(value, NTypes::TYPE_STRING32);
+    return setOwn(value, NTypes::TYPE_STRING32);
 }
 
 CVariant& CVariant::operator=(const CString64& value)
 {
-    return setUserType(value, NTypes::TYPE_STRING64);
+    return setOwn(value, NTypes::TYPE_STRING64);
 }
 
 CVariant& CVariant::operator=(const CString128& value)
 {
-    return setUserType(value, NTypes::TYPE_STRING128);
+    return setOwn(value, NTypes::TYPE_STRING128);
 }
 
 CVariant& CVariant::operator=(const unsigned short (&value)[32])
@@ -136,7 +122,7 @@ CVariant& CVariant::operator=(const unsigned short (&value)[128])
 
 CVariant& CVariant::operator=(const NTypes::tsDateTime& value)
 {
-    return setUserType(value, NTypes::TYPE_DATETIME);
+    return setOwn(value, NTypes::TYPE_DATETIME);
 }
 
 CVariant& CVariant::operator=(NTypes::ETypes type)
@@ -146,36 +132,19 @@ CVariant& CVariant::operator=(NTypes::ETypes type)
 
 QVariant CVariant::defaultValue(NTypes::ETypes type) const
 {
-    // Values are passed to QVariant, since one that it makes by itself is null.
-    static constexpr quint64 ZERO = 0;
-    const NTypes::STypeInfo& info = typeInfo(type);
-    switch (info.kind) {
-    case EKind::None:
-        return QVariant();
-    case EKind::Unsigned:
-    case EKind::Signed:
-    case EKind::Float:
-        // Only the tag says how wide an 8- or 16-bit default is.
-        return info.width < 4 ? QVariant(0) : QVariant(info.payload, &ZERO);
-    case EKind::Char8Text:
-        return QByteArray(info.width, '\0');
-    case EKind::Utf16Char:
-        return QChar(0);
-    case EKind::DateTime:
-    case EKind::Utf16Text:
-        break;
-    }
-    NTypes::metaTypes();
-    switch (type) {
-    case NTypes::TYPE_DATETIME:
-        return QVariant::fromValue(NTypes::tsDateTime());
-    case NTypes::TYPE_STRING32:
-        return QVariant::fromValue(CString32());
-    case NTypes::TYPE_STRING64:
-        return QVariant::fromValue(CString64());
-    default:
-        return QVariant::fromValue(CString128());
-    }
+    return NTypeTable::visitType(type, [type](auto payload) -> QVariant {
+        using T = typename decltype(payload)::Type;
+        if constexpr (std::is_void<T>::value) {
+            return QVariant();
+        } else if constexpr (NTypeTable::IS_BYTES<T>) {
+            return QByteArray(NTypeTable::typeInfo(type).width, '\0');
+        } else if constexpr (NTypeTable::IS_INTEGER<T> && sizeof(T) < sizeof(int)) {
+            return 0; // only the tag says how wide it is
+        } else {
+            const T value = T();
+            return QVariant(NMetaTypes::idOf<T>(), &value);
+        }
+    });
 }
 
 CVariant& CVariant::setDefaultValue(NTypes::ETypes type)
@@ -191,8 +160,8 @@ CVariant& CVariant::setDefaultValue(NTypes::ETypes type)
 }
 
 template <typename T>
-CVariant& CVariant::setUserType(const T& value, NTypes::ETypes type)
+CVariant& CVariant::setOwn(const T& value, NTypes::ETypes type)
 {
-    NTypes::metaTypes();
+    NMetaTypes::idOf<T>();
     return set(value, type);
 }

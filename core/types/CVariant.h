@@ -377,7 +377,7 @@ private:
 
     // As set(), for a payload of one of the library's own types.
     template <typename T>
-    CVariant& setUserType(const T& value, NTypes::ETypes type);
+    CVariant& setOwn(const T& value, NTypes::ETypes type);
 
     template <typename T>
     T toNumber(NTypes::ETypes target, bool* ok) const;

@@ -1,7 +1,5 @@
 #include <core/types/CVariant.h>
 
-#include <core/types/MetaTypes.h>
-#include <core/types/TypeTable.h>
 #include <core/types/VariantPayload.h>
 #include <core/types/VariantStream.h>
 
@@ -9,11 +7,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <functional>
+#include <type_traits>
 
-using NTypes::EKind;
-using NTypes::typeInfo;
+using namespace NTypeTable;
 using NVariantPayload::as;
 using NVariantPayload::exact;
 
@@ -43,58 +40,24 @@ bool fuzzyEqual(Float a, Float b, Float precision)
     return std::fabs(a - b) * precision <= std::min(std::fabs(a), std::fabs(b));
 }
 
-template <typename T>
-bool areEqual(const QVariant& left, const QVariant& right)
-{
-    const T* const a = exact<T>(left);
-    const T* const b = exact<T>(right);
-    return a && b && *a == *b;
-}
-
-// Payloads of the type's own form that are equal as they stand, without a reader or a text. What is not may still be
-// equal: as a number of another form, or as a text up to its first zero.
-bool areSamePayload(const QVariant& left, const QVariant& right, NTypes::ETypes type)
-{
-    const NTypes::STypeInfo& info = typeInfo(type);
-    switch (info.kind) {
-    case EKind::Unsigned:
-    case EKind::Signed:
-        return NVariantPayload::metaType(left) == info.payload
-               && NVariantPayload::metaType(right) == info.payload
-               && std::memcmp(NVariantPayload::data(left), NVariantPayload::data(right), info.width) == 0;
-    case EKind::Char8Text:
-        return areEqual<QByteArray>(left, right);
-    case EKind::Utf16Char:
-        return areEqual<QChar>(left, right);
-    case EKind::Utf16Text:
-        return areEqual<CString32>(left, right) || areEqual<CString64>(left, right)
-               || areEqual<CString128>(left, right);
-    default:
-        return false;
-    }
-}
-
 // The left operand's tag chooses the reader of both.
-template <template <typename> class Compare>
-bool ordered(const CVariant& left, const CVariant& right)
+template <typename Compare>
+bool ordered(const CVariant& left, const CVariant& right, Compare compare)
 {
-    switch (typeInfo(left.type()).kind) {
-    case EKind::None:
-        return false;
-    case EKind::Unsigned:
-        return Compare<quint64>()(left.toU64(), right.toU64());
-    case EKind::Signed:
-    case EKind::DateTime:
-        return Compare<qint64>()(left.toI64(), right.toI64());
-    case EKind::Float:
-        return left.type() == NTypes::TYPE_F32 ? Compare<float>()(left.toF32(), right.toF32())
-                                               : Compare<double>()(left.toF64(), right.toF64());
-    case EKind::Utf16Text:
-    case EKind::Char8Text:
-    case EKind::Utf16Char:
-        break;
-    }
-    return Compare<QString>()(left.toStr(), right.toStr());
+    return visitType(left.type(), [&](auto payload) {
+        using T = typename decltype(payload)::Type;
+        if constexpr (std::is_void<T>::value) {
+            return false;
+        } else if constexpr (std::is_unsigned<T>::value) {
+            return compare(left.toU64(), right.toU64());
+        } else if constexpr (IS_INTEGER<T> || IS_DATE_TIME<T>) {
+            return compare(left.toI64(), right.toI64());
+        } else if constexpr (IS_FLOAT<T>) {
+            return compare(left.operator T(), right.operator T());
+        } else {
+            return compare(left.toStr(), right.toStr());
+        }
+    });
 }
 
 } // namespace
@@ -107,56 +70,34 @@ CVariant::CVariant(const QVariant& value)
 
 CVariant& CVariant::operator=(const QVariant& value)
 {
-    const int type = value.userType();
-    switch (type) {
-    case QMetaType::Int:
+    const int metaType = value.userType();
+    switch (metaType) {
     case QMetaType::Long:
         return *this = as<int>(value);
-    case QMetaType::UInt:
     case QMetaType::ULong:
         return *this = as<uint>(value);
-    case QMetaType::LongLong:
-        return *this = as<qlonglong>(value);
-    case QMetaType::ULongLong:
-        return *this = as<qulonglong>(value);
-    case QMetaType::Double:
-        return *this = as<double>(value);
-    case QMetaType::Float:
-        return *this = as<float>(value);
-    case QMetaType::Short:
-        return *this = as<short>(value);
-    case QMetaType::UShort:
-        return *this = as<ushort>(value);
-    case QMetaType::UChar:
-        return *this = as<uchar>(value);
-    case QMetaType::SChar:
-        return *this = as<signed char>(value);
-    case QMetaType::QChar:
-        return *this = as<QChar>(value);
     case QMetaType::Char:
         return *this = as<char>(value);
     case QMetaType::QString:
-        return *this = sizedText(*exact<QString>(value), value.toByteArray().size());
+        return *this = sizedText(value.toString(), value.toByteArray().size());
     case QMetaType::QByteArray:
-        return *this = sizedText(*exact<QByteArray>(value), exact<QByteArray>(value)->size());
+        return *this = sizedText(value.toByteArray(), value.toByteArray().size());
     default:
         break;
     }
-    const NTypes::SMetaTypes& own = NTypes::metaTypes();
-    if (type == own.string32) {
-        return *this = *exact<CString32>(value);
-    }
-    if (type == own.string64) {
-        return *this = *exact<CString64>(value);
-    }
-    if (type == own.string128) {
-        return *this = *exact<CString128>(value);
-    }
-    // A date-time, too: callers rely on it that none comes back out of a QVariant.
-    const char* const name = value.typeName();
-    const QByteArray shown = name && *name ? QByteArray(name) : QByteArray::number(type);
-    qWarning("CVariant::operator=() : userType() %s is not supported in this method.", shown.constData());
-    return *this = CVariant();
+    return visitType(NMetaTypes::typeOfPayload(metaType), [&](auto payload) -> CVariant& {
+        using T = typename decltype(payload)::Type;
+        if constexpr (!std::is_void<T>::value && !IS_BYTES<T> && !IS_DATE_TIME<T>) {
+            return *this = as<T>(value);
+        } else {
+            // A date-time, too: callers rely on it that none comes back out of a QVariant.
+            const char* const name = value.typeName();
+            const QByteArray shown = name && *name ? QByteArray(name) : QByteArray::number(metaType);
+            qWarning("CVariant::operator=() : userType() %s is not supported in this method.",
+                     shown.constData());
+            return *this = CVariant();
+        }
+    });
 }
 
 bool CVariant::operator==(const CVariant& other) const
@@ -164,25 +105,30 @@ bool CVariant::operator==(const CVariant& other) const
     if (mType != other.mType) {
         return false;
     }
-    switch (typeInfo(mType).kind) {
-    case EKind::None:
-        return true;
-    case EKind::Float:
-        return mType == NTypes::TYPE_F32 ? fuzzyEqual(toF32(), other.toF32(), 100000.0F)
-                                         : fuzzyEqual(toF64(), other.toF64(), 1e12);
-    default:
-        return areSamePayload(mValue, other.mValue, mType) || ordered<std::equal_to>(*this, other);
-    }
+    return visitType(mType, [&](auto payload) {
+        using T = typename decltype(payload)::Type;
+        if constexpr (std::is_void<T>::value) {
+            return true;
+        } else if constexpr (IS_FLOAT<T>) {
+            return fuzzyEqual(this->operator T(), other.operator T(),
+                              sizeof(T) == sizeof(float) ? T(1e5) : T(1e12));
+        } else {
+            // Equal payloads are equal values. Others may still be: a number of another form, a text up to its zero.
+            const T* const left = exact<T>(mValue);
+            const T* const right = exact<T>(other.mValue);
+            return (left && right && *left == *right) || ordered(*this, other, std::equal_to<>());
+        }
+    });
 }
 
 bool CVariant::operator<(const CVariant& other) const
 {
-    return ordered<std::less>(*this, other);
+    return ordered(*this, other, std::less<>());
 }
 
 bool CVariant::operator>(const CVariant& other) const
 {
-    return ordered<std::greater>(*this, other);
+    return ordered(*this, other, std::greater<>());
 }
 
 QDataStream& operator<<(QDataStream& stream, const CVariant& value)
@@ -202,17 +148,17 @@ QDataStream& operator>>(QDataStream& stream, CVariant& value)
 uint qHash(const CVariant& value, uint seed)
 {
     const quint32 tag = value.mType;
-    switch (typeInfo(value.mType).kind) {
-    case EKind::None:
-    case EKind::Float:
-        // Fuzzy equality is no equivalence: only the tag is the same for all that are equal to each other.
-        return qHash(tag, seed);
-    case EKind::Unsigned:
-        return qHash(qMakePair(tag, quint64(value.toU64())), seed);
-    case EKind::Signed:
-    case EKind::DateTime:
-        return qHash(qMakePair(tag, qint64(value.toI64())), seed);
-    default:
-        return qHash(qMakePair(tag, value.toStr()), seed);
-    }
+    return visitType(value.mType, [&](auto payload) {
+        using T = typename decltype(payload)::Type;
+        if constexpr (std::is_void<T>::value || IS_FLOAT<T>) {
+            // Fuzzy equality is no equivalence: only the tag is the same for all that are equal to each other.
+            return qHash(tag, seed);
+        } else if constexpr (std::is_unsigned<T>::value) {
+            return qHash(qMakePair(tag, quint64(value.toU64())), seed);
+        } else if constexpr (IS_INTEGER<T> || IS_DATE_TIME<T>) {
+            return qHash(qMakePair(tag, qint64(value.toI64())), seed);
+        } else {
+            return qHash(qMakePair(tag, value.toStr()), seed);
+        }
+    });
 }

@@ -8,8 +8,8 @@
 #include <cstring>
 #include <type_traits>
 
-using NTypes::EKind;
-using NTypes::typeInfo;
+using NTypeTable::EKind;
+using NTypeTable::typeInfo;
 
 namespace {
 
@@ -39,7 +39,7 @@ bool canConvertToNumber(const QVariant& payload, NTypes::ETypes target)
             break;
         }
     }
-    return payload.canConvert(typeInfo(target).payload);
+    return payload.canConvert(NMetaTypes::metaTypeOf(target));
 }
 
 template <typename To, typename From>
@@ -89,7 +89,7 @@ T CVariant::toNumber(NTypes::ETypes target, bool* ok) const
     bool done = false;
     T number = 0;
     if (canConvertTo(target)) {
-        const NTypes::STypeInfo& info = typeInfo(mType);
+        const NTypeTable::STypeInfo& info = typeInfo(mType);
         const bool wide = info.width == 8;
         switch (info.kind) {
         case EKind::Unsigned:

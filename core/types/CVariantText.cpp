@@ -1,5 +1,6 @@
 #include <core/types/CVariant.h>
 
+#include <core/base/Digits.h>
 #include <core/base/QtReady.h>
 #include <core/types/TypeTable.h>
 #include <core/types/VariantPayload.h>
@@ -7,119 +8,68 @@
 #include <QDateTime>
 #include <QDebug>
 
-#include <array>
-#include <limits>
+#include <type_traits>
 
-using NTypes::EKind;
-using NTypes::typeInfo;
+using namespace NTypeTable;
 using NVariantPayload::as;
-using NVariantPayload::exact;
 
 namespace {
 
 constexpr int F32_DIGITS = 6;
 constexpr int F64_DIGITS = 15;
 
-// "00", "01" … "99"
-constexpr std::array<char16_t, 200> digitPairs()
+template <typename Integer>
+QString integerText(Integer number)
 {
-    std::array<char16_t, 200> pairs = {};
-    for (std::size_t i = 0; i < 100; ++i) {
-        pairs[2 * i] = static_cast<char16_t>('0' + i / 10);
-        pairs[2 * i + 1] = static_cast<char16_t>('0' + i % 10);
+    constexpr int MAX_LENGTH = 20; // of 2^64 - 1, and of -2^63 with its sign
+    QChar text[MAX_LENGTH];
+    QChar* const end = text + MAX_LENGTH;
+    const quint64 bits = static_cast<quint64>(number);
+    QChar* begin = NDigits::writeDecimal(end, number < 0 ? 0 - bits : bits);
+    if (number < 0) {
+        *--begin = QLatin1Char('-');
     }
-    return pairs;
+    return QString(begin, static_cast<int>(end - begin));
 }
 
-constexpr std::array<char16_t, 200> PAIRS = digitPairs();
-
-int digitCount(quint64 number)
-{
-    int count = 1;
-    for (quint64 power = 10; number >= power; power *= 10) {
-        if (++count == std::numeric_limits<quint64>::digits10 + 1) {
-            break; // the next power would not fit
-        }
-    }
-    return count;
-}
-
-// Written from the last digit to the first, two at a time, in their place.
-QString decimal(quint64 magnitude, bool negative)
-{
-    const int length = digitCount(magnitude) + (negative ? 1 : 0);
-    QString text(length, Qt::Uninitialized);
-    QChar* const begin = text.data();
-    QChar* out = begin + length;
-    while (magnitude >= 10) {
-        const std::size_t pair = 2 * static_cast<std::size_t>(magnitude % 100);
-        magnitude /= 100;
-        *--out = QChar(PAIRS[pair + 1]);
-        *--out = QChar(PAIRS[pair]);
-    }
-    if (out > begin + (negative ? 1 : 0)) {
-        *--out = QChar(static_cast<char16_t>('0' + magnitude));
-    }
-    if (negative) {
-        *begin = QLatin1Char('-');
-    }
-    return text;
-}
-
-QString integerText(const QVariant& payload, NTypes::ETypes type)
-{
-    const quint64 bits = NVariantPayload::integerBits(payload, type);
-    const bool negative = typeInfo(type).kind == EKind::Signed && static_cast<qint64>(bits) < 0;
-    return decimal(negative ? 0 - bits : bits, negative);
-}
-
-double floatValue(const QVariant& payload, NTypes::ETypes type)
-{
-    return type == NTypes::TYPE_F32 ? static_cast<double>(as<float>(payload)) : as<double>(payload);
-}
-
+// A fixed-length string of any length; what is none has no text.
 QString utf16Text(const QVariant& payload)
 {
-    if (const CString32* text = exact<CString32>(payload)) {
-        return text->str();
-    }
-    if (const CString64* text = exact<CString64>(payload)) {
-        return text->str();
-    }
-    if (const CString128* text = exact<CString128>(payload)) {
-        return text->str();
-    }
-    return QString();
+    return visitType(NMetaTypes::typeOfPayload(payload.userType()), [&payload](auto type) {
+        using T = typename decltype(type)::Type;
+        if constexpr (IS_FIXED_STRING<T>) {
+            return static_cast<const T*>(payload.constData())->str();
+        } else {
+            return QString();
+        }
+    });
 }
 
 // Only a packed number shows. A record shows as nothing, and callers rely on it; so the record is not read here.
 QString dateTimeText(const QVariant& payload)
 {
-    const NTypes::tsDateTime record = NTypes::unpackDateTime(as<qlonglong>(payload));
+    const NTypes::tsDateTime record = NPackedDateTime::unpack(as<qlonglong>(payload));
     const QDate date(record.date.year, record.date.month, record.date.day);
     const QTime time(record.time.hour, record.time.minute, record.time.second, record.time.hundredths * 10);
     return QDateTime(date, time).toString(Qt::ISODate);
 }
 
-quint64 parsedInteger(const QString& text, NTypes::ETypes type)
+// A failure is 0, also where Qt hands back infinity for a number that is too large.
+template <typename Number>
+Number parsedNumber(const QString& text)
 {
-    const bool wide = typeInfo(type).width == 8;
-    if (typeInfo(type).kind == EKind::Unsigned) {
-        return wide ? text.toULongLong(nullptr, 0) : text.toUInt(nullptr, 0);
-    }
-    return static_cast<quint64>(wide ? text.toLongLong(nullptr, 0) : text.toInt(nullptr, 0));
-}
-
-QVariant parsedFloat(const QString& text, NTypes::ETypes type)
-{
-    // A failure is 0, also where Qt hands back infinity for a number that is too large.
     bool ok = false;
-    if (type == NTypes::TYPE_F32) {
-        const float value = text.toFloat(&ok);
-        return ok ? value : 0.0F;
+    Number number = 0;
+    if constexpr (std::is_same<Number, float>::value) {
+        number = text.toFloat(&ok);
+    } else if constexpr (std::is_same<Number, double>::value) {
+        number = text.toDouble(&ok);
+    } else if constexpr (std::is_unsigned<Number>::value) {
+        number = static_cast<Number>(sizeof(Number) == 8 ? text.toULongLong(&ok, 0) : text.toUInt(&ok, 0));
+    } else {
+        number = static_cast<Number>(sizeof(Number) == 8 ? text.toLongLong(&ok, 0) : text.toInt(&ok, 0));
     }
-    const double value = text.toDouble(&ok);
-    return ok ? value : 0.0;
+    return ok ? number : Number(0);
 }
 
 // Never a null byte array: an empty text is a value.
@@ -134,7 +84,7 @@ NTypes::tsDateTime parsedDateTime(const QString& text)
     bool ok = false;
     const int packed = text.toInt(&ok, 10);
     if (ok) {
-        return NTypes::unpackDateTime(packed);
+        return NPackedDateTime::unpack(packed);
     }
     const QDateTime dateTime = QDateTime::fromString(text, Qt::ISODate);
     if (!dateTime.isValid()) {
@@ -148,79 +98,65 @@ NTypes::tsDateTime parsedDateTime(const QString& text)
         {static_cast<qint8>(date.day()), static_cast<qint8>(date.month()), static_cast<qint16>(date.year())}};
 }
 
-CVariant parsedUtf16Text(const QString& text, NTypes::ETypes type)
-{
-    switch (type) {
-    case NTypes::TYPE_STRING32:
-        return CString32(text);
-    case NTypes::TYPE_STRING64:
-        return CString64(text);
-    default:
-        return CString128(text);
-    }
-}
-
 } // namespace
 
 QString CVariant::toStr() const
 {
-    switch (typeInfo(mType).kind) {
-    case EKind::Unsigned:
-    case EKind::Signed:
-        return integerText(mValue, mType);
-    case EKind::Float:
-        return QString::number(floatValue(mValue, mType), 'g',
-                               mType == NTypes::TYPE_F32 ? F32_DIGITS : F64_DIGITS);
-    case EKind::Utf16Text:
-        return utf16Text(mValue);
-    case EKind::DateTime:
-        return dateTimeText(mValue);
-    case EKind::None:
-    case EKind::Char8Text:
-    case EKind::Utf16Char:
-        break;
-    }
-    return mValue.toString();
+    return visitType(mType, [this](auto payload) {
+        using T = typename decltype(payload)::Type;
+        if constexpr (IS_INTEGER<T>) {
+            return integerText(as<T>(mValue));
+        } else if constexpr (IS_FLOAT<T>) {
+            return QString::number(static_cast<double>(as<T>(mValue)), 'g',
+                                   sizeof(T) == sizeof(float) ? F32_DIGITS : F64_DIGITS);
+        } else if constexpr (IS_FIXED_STRING<T>) {
+            return utf16Text(mValue);
+        } else if constexpr (IS_DATE_TIME<T>) {
+            return dateTimeText(mValue);
+        } else {
+            return mValue.toString();
+        }
+    });
 }
 
 QString CVariant::toLocaleStr() const
 {
-    if (typeInfo(mType).kind == EKind::Float) {
-        return QStringLiteral("%L1").arg(floatValue(mValue, mType), 0, 'g', -1, QLatin1Char(' '));
-    }
-    return toStr();
+    return visitType(mType, [this](auto payload) {
+        using T = typename decltype(payload)::Type;
+        if constexpr (IS_FLOAT<T>) {
+            return QStringLiteral("%L1").arg(static_cast<double>(as<T>(mValue)), 0, 'g', -1,
+                                             QLatin1Char(' '));
+        } else {
+            return toStr();
+        }
+    });
 }
 
 CVariant CVariant::fromStr(const QString& text, NTypes::ETypes type)
 {
-    CVariant result;
-    switch (typeInfo(type).kind) {
-    case EKind::Unsigned:
-    case EKind::Signed:
-        result.mValue = NVariantPayload::integerPayload(parsedInteger(text, type), type);
-        break;
-    case EKind::Float:
-        result.mValue = parsedFloat(text, type);
-        break;
-    case EKind::Utf16Text:
-        return parsedUtf16Text(text, type);
-    case EKind::Char8Text:
-        result.mValue = latin1(text, typeInfo(type).width);
-        break;
-    case EKind::Utf16Char:
-        result.mValue = text.isEmpty() ? QChar(0) : text.at(0);
-        break;
-    case EKind::DateTime:
-        return parsedDateTime(text);
-    case EKind::None:
-        if (type != NTypes::TYPE_UNKNOWN) {
-            qWarning("CVariant::fromStr : Data type %u is not supported in this method.",
-                     static_cast<uint>(type));
+    return visitType(type, [&text, type](auto payload) -> CVariant {
+        using T = typename decltype(payload)::Type;
+        if constexpr (IS_INTEGER<T> || IS_FLOAT<T>) {
+            return parsedNumber<T>(text);
+        } else if constexpr (IS_FIXED_STRING<T>) {
+            return T(text);
+        } else if constexpr (IS_BYTES<T>) {
+            CVariant result;
+            result.mValue = latin1(text, typeInfo(type).width);
+            result.mType = type;
+            return result;
+        } else if constexpr (IS_CHARACTER<T>) {
+            return text.isEmpty() ? QChar(0) : text.at(0);
+        } else if constexpr (IS_DATE_TIME<T>) {
+            return parsedDateTime(text);
+        } else {
+            if (type != NTypes::TYPE_UNKNOWN) {
+                qWarning("CVariant::fromStr : Data type %u is not supported in this method.",
+                         static_cast<uint>(type));
+            }
+            return CVariant();
         }
-        return result;
-    }
-    result.mType = type;
-    return result;
+    });
 }
 
 CVariant& CVariant::fromStr(const QString& text)
@@ -236,7 +172,7 @@ CVariant& CVariant::fromStr(const QString& text)
 CVariant::CVariant(const QString& text, NTypes::ETypes type)
     : CVariant()
 {
-    if (static_cast<quint32>(type) < NTypes::TYPE_COUNT) {
+    if (static_cast<quint32>(type) < TYPE_COUNT) {
         mType = type;
         fromStr(text);
     }
@@ -246,7 +182,7 @@ QDebug operator<<(QDebug debug, const CVariant& value)
 {
     const QDebugStateSaver saver(debug);
     debug.nospace() << "CVariant(";
-    if (static_cast<quint32>(value.mType) < NTypes::TYPE_COUNT) {
+    if (static_cast<quint32>(value.mType) < TYPE_COUNT) {
         debug << typeInfo(value.mType).name;
     } else {
         debug << static_cast<quint32>(value.mType);

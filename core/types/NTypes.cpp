@@ -1,5 +1,6 @@
 #include <core/types/NTypes.h>
 
+#include <core/types/MetaTypes.h>
 #include <core/types/PackedDateTime.h>
 
 #include <QDataStream>
@@ -27,7 +28,7 @@ uint qHash(const tsTime& value, uint seed)
 
 uint qHash(const tsDateTime& value, uint seed)
 {
-    return ::qHash(packDateTime(value), seed);
+    return ::qHash(NPackedDateTime::pack(value), seed);
 }
 
 QDebug operator<<(QDebug debug, const tsDate& value)
@@ -81,6 +82,13 @@ QDataStream& operator<<(QDataStream& stream, const tsDateTime& value)
 QDataStream& operator>>(QDataStream& stream, tsDateTime& value)
 {
     return stream >> value.time >> value.date;
+}
+
+void registerMetaTypes()
+{
+    for (quint32 type = 0; type < NTypeTable::TYPE_COUNT; ++type) {
+        NMetaTypes::metaTypeOf(static_cast<ETypes>(type));
+    }
 }
 
 } // namespace NTypes

@@ -3,18 +3,17 @@
 
 #include <core/types/NTypes.h>
 
-namespace NTypes {
-
 // The packed 64-bit form of a date-time, least significant byte first: hundredths, second, minute, hour, day, month,
 // year (two bytes). It is made byte by byte: a shifted negative field would spill over its neighbours.
+namespace NPackedDateTime {
 
 /// One byte of a packed number; 0 is the least significant.
-constexpr quint8 packedByte(quint64 packed, int index)
+constexpr qint8 byteOf(quint64 packed, int index)
 {
-    return static_cast<quint8>(packed >> (8 * index));
+    return static_cast<qint8>(static_cast<quint8>(packed >> (8 * index)));
 }
 
-constexpr qint64 packDateTime(const tsDateTime& record)
+constexpr qint64 pack(const NTypes::tsDateTime& record)
 {
     const quint16 year = static_cast<quint16>(record.date.year);
     const quint8 bytes[] = {static_cast<quint8>(record.time.hundredths),
@@ -32,15 +31,13 @@ constexpr qint64 packDateTime(const tsDateTime& record)
     return static_cast<qint64>(packed);
 }
 
-constexpr tsDateTime unpackDateTime(qint64 number)
+constexpr NTypes::tsDateTime unpack(qint64 number)
 {
     const quint64 packed = static_cast<quint64>(number);
-    return {{static_cast<qint8>(packedByte(packed, 0)), static_cast<qint8>(packedByte(packed, 1)),
-             static_cast<qint8>(packedByte(packed, 2)), static_cast<qint8>(packedByte(packed, 3))},
-            {static_cast<qint8>(packedByte(packed, 4)), static_cast<qint8>(packedByte(packed, 5)),
-             static_cast<qint16>(packed >> 48)}};
+    return {{byteOf(packed, 0), byteOf(packed, 1), byteOf(packed, 2), byteOf(packed, 3)},
+            {byteOf(packed, 4), byteOf(packed, 5), static_cast<qint16>(packed >> 48)}};
 }
 
-} // namespace NTypes
+} // namespace NPackedDateTime
 
 #endif // TLXCORE_PACKEDDATETIME_H

@@ -4,9 +4,9 @@
 #include <QDataStream>
 #include <QMetaType>
 
-#include <algorithm>
+#include <initializer_list>
 
-// The numbers that a QVariant's type has in streams of Qt 3, 4 and 5, and which types a variant takes out of a stream.
+// The numbers that a QVariant's type has in streams of Qt 3, 4 and 5, and which types a variant takes from a stream.
 namespace NVariantStream {
 
 constexpr quint32 REFUSED = ~quint32(0);
@@ -60,46 +60,28 @@ constexpr quint32 typeNumber(quint32 number, int version)
     return version < QDataStream::Qt_5_0 ? fromQt4(number) : number;
 }
 
-// The number that the type has in a stream, from Qt 4 on.
-constexpr quint32 numberInStream(quint32 type, int version)
+// Which of the first 64 types of Qt are in the list, a bit each.
+constexpr quint64 typeSet(std::initializer_list<int> types)
 {
-    if (version >= QDataStream::Qt_5_0) {
-        return std::min<quint32>(type, QMetaType::User);
+    quint64 set = 0;
+    for (const int type : types) {
+        set |= quint64(1) << type;
     }
-    if (type >= QMetaType::User) {
-        return QT4_USER;
-    }
-    return type >= QMetaType::VoidStar ? type + QT4_SHIFT : type;
+    return set;
 }
 
 // Numbers, characters, texts, bytes and dates: what a variant's payload may be besides the library's own types.
+constexpr quint64 PLAIN_TYPES =
+    typeSet({QMetaType::UnknownType, QMetaType::Bool,       QMetaType::Int,    QMetaType::UInt,
+             QMetaType::LongLong,    QMetaType::ULongLong,  QMetaType::Double, QMetaType::QChar,
+             QMetaType::QString,     QMetaType::QByteArray, QMetaType::QDate,  QMetaType::QTime,
+             QMetaType::QDateTime,   QMetaType::Long,       QMetaType::Short,  QMetaType::Char,
+             QMetaType::ULong,       QMetaType::UShort,     QMetaType::UChar,  QMetaType::Float,
+             QMetaType::SChar});
+
 constexpr bool isPlain(quint32 type)
 {
-    switch (type) {
-    case QMetaType::Bool:
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Double:
-    case QMetaType::QChar:
-    case QMetaType::QString:
-    case QMetaType::QByteArray:
-    case QMetaType::QDate:
-    case QMetaType::QTime:
-    case QMetaType::QDateTime:
-    case QMetaType::Long:
-    case QMetaType::Short:
-    case QMetaType::Char:
-    case QMetaType::ULong:
-    case QMetaType::UShort:
-    case QMetaType::UChar:
-    case QMetaType::Float:
-    case QMetaType::SChar:
-        return true;
-    default:
-        return false;
-    }
+    return type < 64 && (PLAIN_TYPES >> type & 1) != 0;
 }
 
 } // namespace NVariantStream

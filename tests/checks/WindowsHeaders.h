@@ -20,6 +20,7 @@
 #define OPTIONAL
 #define OUT
 #define TIME_BYTES 0x0004
+#define TIME_MS 0x0001
 #define far
 #define interface struct
 #define near
