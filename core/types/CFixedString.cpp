@@ -18,7 +18,6 @@ static_assert(sizeof(CString64) == sizeof(CString32) && sizeof(CString128) == si
               "alike but for N");
 
 constexpr int MAX_UNITS = 128;
-constexpr int STEP = 32; // N is a multiple of it
 
 int byteCount(int units)
 {
@@ -32,18 +31,6 @@ namespace NFixedString {
 QString text(const unsigned short* data, int units)
 {
     return textOfCodeUnits(data, units);
-}
-
-bool equal(const unsigned short* left, const unsigned short* right, int units)
-{
-    // Combines every difference and looks at the result once: the time tells nothing about where two texts differ.
-    int difference = 0;
-    for (int begin = 0; begin < units; begin += STEP) {
-        for (int i = begin; i < begin + STEP; ++i) {
-            difference |= left[i] ^ right[i];
-        }
-    }
-    return difference == 0;
 }
 
 void write(QDataStream& stream, const unsigned short* data, int units)

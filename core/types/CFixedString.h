@@ -19,9 +19,6 @@ namespace NFixedString {
 /// The text of `units` UTF-16 units up to the first zero unit; byte-order marks are ordinary units.
 TLXCORE_EXPORT QString text(const unsigned short* data, int units);
 
-/// Whether two arrays are equal unit by unit; its time does not depend on where they differ.
-TLXCORE_EXPORT bool equal(const unsigned short* left, const unsigned short* right, int units);
-
 /// Writes and reads the units as signed 16-bit integers in the stream's byte order.
 TLXCORE_EXPORT void write(QDataStream& stream, const unsigned short* data, int units);
 TLXCORE_EXPORT void read(QDataStream& stream, unsigned short* data, int units);
@@ -94,7 +91,14 @@ public:
     /// Equal in all N units, those behind the terminator included.
     bool operator==(const CFixedString& other) const
     {
-        return NFixedString::equal(units(), other.units(), N);
+        // Looks at the result once, so that the time does not depend on where two texts differ.
+        const unsigned short* const left = units();
+        const unsigned short* const right = other.units();
+        unsigned short difference = 0;
+        for (int i = 0; i < N; ++i) {
+            difference = static_cast<unsigned short>(difference | (left[i] ^ right[i]));
+        }
+        return difference == 0;
     }
 
     /// The negation of operator==.

@@ -35,9 +35,10 @@ CVariant sizedText(const Text& text, int bytes)
 
 // |a - b| * precision <= min(|a|, |b|): infinities, NaN and 0 follow from the formula.
 template <typename Float>
-bool fuzzyEqual(Float a, Float b, Float precision)
+bool fuzzyEqual(Float a, Float b)
 {
-    return std::fabs(a - b) * precision <= std::min(std::fabs(a), std::fabs(b));
+    constexpr Float PRECISION = std::is_same<Float, float>::value ? Float(1e5) : Float(1e12);
+    return std::fabs(a - b) * PRECISION <= std::min(std::fabs(a), std::fabs(b));
 }
 
 // The left operand's tag chooses the reader of both.
@@ -109,14 +110,16 @@ bool CVariant::operator==(const CVariant& other) const
         using T = typename decltype(payload)::Type;
         if constexpr (std::is_void<T>::value) {
             return true;
-        } else if constexpr (IS_FLOAT<T>) {
-            return fuzzyEqual(this->operator T(), other.operator T(),
-                              sizeof(T) == sizeof(float) ? T(1e5) : T(1e12));
         } else {
-            // Equal payloads are equal values. Others may still be: a number of another form, a text up to its zero.
             const T* const left = exact<T>(mValue);
             const T* const right = exact<T>(other.mValue);
-            return (left && right && *left == *right) || ordered(*this, other, std::equal_to<>());
+            if constexpr (IS_FLOAT<T>) {
+                return left && right ? fuzzyEqual(*left, *right)
+                                     : fuzzyEqual(this->operator T(), other.operator T());
+            } else {
+                // Equal payloads are equal values. Others may be, too: numbers of another form, texts up to their zero.
+                return (left && right && *left == *right) || ordered(*this, other, std::equal_to<>());
+            }
         }
     });
 }

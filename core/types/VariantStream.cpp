@@ -24,20 +24,30 @@ constexpr int HEAD_SIZE = NUMBER_SIZE + 1;
 constexpr int MAX_FIXED_SIZE = 8;
 constexpr int MAX_NAME = 32;
 
+// From the machine's byte order to the stream's, or back.
+void orderBytes(const QDataStream& stream, char* begin, char* end)
+{
+    if ((stream.byteOrder() == QDataStream::LittleEndian) != (Q_BYTE_ORDER == Q_LITTLE_ENDIAN)) {
+        std::reverse(begin, end);
+    }
+}
+
 struct SHead
 {
     quint32 number = 0;
     bool isNull = false;
 };
 
+// In one access to the device.
 SHead readHead(QDataStream& stream)
 {
     SHead head;
-    stream >> head.number;
-    if (stream.version() >= QDataStream::Qt_4_2) {
-        quint8 flag = 0;
-        stream >> flag;
-        head.isNull = (flag & 1) != 0;
+    char bytes[HEAD_SIZE] = {};
+    const int size = stream.version() >= QDataStream::Qt_4_2 ? HEAD_SIZE : NUMBER_SIZE;
+    if (stream.readRawData(bytes, size) >= NUMBER_SIZE) {
+        orderBytes(stream, bytes, bytes + NUMBER_SIZE);
+        std::memcpy(&head.number, bytes, sizeof(head.number));
+        head.isNull = (bytes[NUMBER_SIZE] & 1) != 0;
     }
     return head;
 }
@@ -96,16 +106,16 @@ bool readBytes(QDataStream& stream, QByteArray& bytes)
     if (length > MAX_LENGTH) {
         return false;
     }
-    bytes = QByteArray("");
     const int size = static_cast<int>(length);
-    while (bytes.size() < size) {
-        const int before = bytes.size();
-        const int count = std::min(STEP, size - before);
-        bytes.resize(before + count);
-        if (stream.readRawData(bytes.data() + before, count) != count) {
-            bytes.clear();
-            break;
-        }
+    bytes = QByteArray(std::min(STEP, size), Qt::Uninitialized);
+    int count = size > 0 ? stream.readRawData(bytes.data(), bytes.size()) : 0;
+    while (count == bytes.size() && count < size) {
+        const int step = std::min(STEP, size - count);
+        bytes.resize(count + step);
+        count += std::max(0, stream.readRawData(bytes.data() + count, step));
+    }
+    if (count < size) {
+        bytes.clear();
     }
     return true;
 }
@@ -145,14 +155,6 @@ int fixedSize(const QDataStream& stream, int type)
         return stream.floatingPointPrecision() == QDataStream::DoublePrecision ? 8 : 0;
     default:
         return 0;
-    }
-}
-
-// From the machine's byte order to the stream's, or back.
-void orderBytes(const QDataStream& stream, char* begin, char* end)
-{
-    if ((stream.byteOrder() == QDataStream::LittleEndian) != (Q_BYTE_ORDER == Q_LITTLE_ENDIAN)) {
-        std::reverse(begin, end);
     }
 }
 
