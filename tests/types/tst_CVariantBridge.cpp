@@ -1,5 +1,6 @@
 #include <core/tlxCoreQTest.h>
 #include <tests/support/MessageLog.h>
+#include <tests/types/Variants.h>
 
 #include <QtTest>
 
@@ -15,11 +16,6 @@ namespace {
 
 const QString LETTERS =
     QString(200, QLatin1Char('a')).replace(31, 1, QLatin1Char('y')).replace(32, 1, QLatin1Char('z'));
-
-NTypes::ETypes typeOf(int number)
-{
-    return static_cast<NTypes::ETypes>(number);
-}
 
 template <typename T>
 QVariant variantOf(T value)
@@ -64,34 +60,40 @@ private Q_SLOTS:
 void tst_CVariantBridge::numbers_data()
 {
     QTest::addColumn<QVariant>("value");
-    QTest::addColumn<int>("tag");
+    QTest::addColumn<NTypes::ETypes>("type");
     QTest::addColumn<int>("payload");
     QTest::addColumn<QString>("text");
 
-    QTest::newRow("int") << variantOf(-5) << 6 << int(QMetaType::Int) << QStringLiteral("-5");
-    QTest::newRow("long") << variantOf(-5L) << 6 << int(QMetaType::Int) << QStringLiteral("-5");
-    QTest::newRow("unsigned int") << variantOf(5U) << 5 << int(QMetaType::UInt) << QStringLiteral("5");
-    QTest::newRow("unsigned long") << variantOf(5UL) << 5 << int(QMetaType::UInt) << QStringLiteral("5");
-    QTest::newRow("long long") << variantOf(std::numeric_limits<qlonglong>::min()) << 9
+    QTest::newRow("int") << variantOf(-5) << NTypes::TYPE_I32 << int(QMetaType::Int) << QStringLiteral("-5");
+    QTest::newRow("long") << variantOf(-5L) << NTypes::TYPE_I32 << int(QMetaType::Int)
+                          << QStringLiteral("-5");
+    QTest::newRow("unsigned int") << variantOf(5U) << NTypes::TYPE_U32 << int(QMetaType::UInt)
+                                  << QStringLiteral("5");
+    QTest::newRow("unsigned long") << variantOf(5UL) << NTypes::TYPE_U32 << int(QMetaType::UInt)
+                                   << QStringLiteral("5");
+    QTest::newRow("long long") << variantOf(std::numeric_limits<qlonglong>::min()) << NTypes::TYPE_I64
                                << int(QMetaType::LongLong) << QStringLiteral("-9223372036854775808");
     QTest::newRow("unsigned long long")
-        << variantOf(std::numeric_limits<qulonglong>::max()) << 8 << int(QMetaType::ULongLong)
+        << variantOf(std::numeric_limits<qulonglong>::max()) << NTypes::TYPE_U64 << int(QMetaType::ULongLong)
         << QStringLiteral("18446744073709551615");
-    QTest::newRow("double") << variantOf(-0.1) << 10 << int(QMetaType::Double) << QStringLiteral("-0.1");
-    QTest::newRow("float") << variantOf(0.1F) << 7 << int(QMetaType::Float) << QStringLiteral("0.1");
-    QTest::newRow("short") << variantOf(short(-7)) << 4 << int(QMetaType::Short) << QStringLiteral("-7");
-    QTest::newRow("unsigned short") << variantOf(ushort(65535)) << 3 << int(QMetaType::UShort)
+    QTest::newRow("double") << variantOf(-0.1) << NTypes::TYPE_F64 << int(QMetaType::Double)
+                            << QStringLiteral("-0.1");
+    QTest::newRow("float") << variantOf(0.1F) << NTypes::TYPE_F32 << int(QMetaType::Float)
+                           << QStringLiteral("0.1");
+    QTest::newRow("short") << variantOf(short(-7)) << NTypes::TYPE_I16 << int(QMetaType::Short)
+                           << QStringLiteral("-7");
+    QTest::newRow("unsigned short") << variantOf(ushort(65535)) << NTypes::TYPE_U16 << int(QMetaType::UShort)
                                     << QStringLiteral("65535");
-    QTest::newRow("unsigned char") << variantOf(uchar(200)) << 1 << int(QMetaType::UChar)
+    QTest::newRow("unsigned char") << variantOf(uchar(200)) << NTypes::TYPE_U8 << int(QMetaType::UChar)
                                    << QStringLiteral("200");
-    QTest::newRow("signed char") << variantOf(static_cast<signed char>(-5)) << 2 << int(QMetaType::SChar)
-                                 << QStringLiteral("-5");
+    QTest::newRow("signed char") << variantOf(static_cast<signed char>(-5)) << NTypes::TYPE_I8
+                                 << int(QMetaType::SChar) << QStringLiteral("-5");
 }
 
 void tst_CVariantBridge::numbers()
 {
     QFETCH(QVariant, value);
-    QFETCH(int, tag);
+    QFETCH(NTypes::ETypes, type);
     QFETCH(int, payload);
     QFETCH(QString, text);
     const MessageLog log;
@@ -99,7 +101,7 @@ void tst_CVariantBridge::numbers()
     assigned = value;
 
     for (const CVariant& variant : {CVariant(value), assigned}) {
-        QCOMPARE(variant.type(), typeOf(tag));
+        QCOMPARE(variant.type(), type);
         QCOMPARE(QVariant(variant).userType(), payload);
         QCOMPARE(variant.toStr(), text);
         QVERIFY(variant.isValid() && !variant.isNull());
@@ -134,75 +136,75 @@ void tst_CVariantBridge::characters()
 void tst_CVariantBridge::textSizes_data()
 {
     QTest::addColumn<int>("letters");
-    QTest::addColumn<int>("tag");
+    QTest::addColumn<NTypes::ETypes>("type");
     QTest::addColumn<int>("kept");
 
     // Cut to what the chosen type holds, not to what was there.
-    QTest::newRow("empty") << 0 << 12 << 0;
-    QTest::newRow("32 fill a STRING32") << 32 << 12 << 32;
-    QTest::newRow("40 are cut to 32") << 40 << 12 << 32;
-    QTest::newRow("63 are cut to 32") << 63 << 12 << 32;
-    QTest::newRow("64 are a STRING64") << 64 << 17 << 64;
-    QTest::newRow("100 are cut to 64") << 100 << 17 << 64;
-    QTest::newRow("127 are cut to 64") << 127 << 17 << 64;
-    QTest::newRow("128 are a STRING128") << 128 << 14 << 128;
-    QTest::newRow("200 are cut to 128") << 200 << 14 << 128;
+    QTest::newRow("empty") << 0 << NTypes::TYPE_STRING32 << 0;
+    QTest::newRow("32 fill a STRING32") << 32 << NTypes::TYPE_STRING32 << 32;
+    QTest::newRow("40 are cut to 32") << 40 << NTypes::TYPE_STRING32 << 32;
+    QTest::newRow("63 are cut to 32") << 63 << NTypes::TYPE_STRING32 << 32;
+    QTest::newRow("64 are a STRING64") << 64 << NTypes::TYPE_STRING64 << 64;
+    QTest::newRow("100 are cut to 64") << 100 << NTypes::TYPE_STRING64 << 64;
+    QTest::newRow("127 are cut to 64") << 127 << NTypes::TYPE_STRING64 << 64;
+    QTest::newRow("128 are a STRING128") << 128 << NTypes::TYPE_STRING128 << 128;
+    QTest::newRow("200 are cut to 128") << 200 << NTypes::TYPE_STRING128 << 128;
 }
 
 void tst_CVariantBridge::textSizes()
 {
     QFETCH(int, letters);
-    QFETCH(int, tag);
+    QFETCH(NTypes::ETypes, type);
     QFETCH(int, kept);
     const CVariant variant{QVariant(LETTERS.left(letters))};
 
-    QCOMPARE(variant.type(), typeOf(tag));
+    QCOMPARE(variant.type(), type);
     QCOMPARE(variant.toStr(), LETTERS.left(kept));
 }
 
 void tst_CVariantBridge::textBeyondAscii_data()
 {
     QTest::addColumn<int>("euros");
-    QTest::addColumn<int>("tag");
+    QTest::addColumn<NTypes::ETypes>("type");
 
-    QTest::newRow("21 of 3 bytes: 63") << 21 << 12;
-    QTest::newRow("22 of 3 bytes: 66") << 22 << 17;
-    QTest::newRow("30 of 3 bytes: 90") << 30 << 17;
-    QTest::newRow("42 of 3 bytes: 126") << 42 << 17;
-    QTest::newRow("43 of 3 bytes: 129") << 43 << 14;
+    QTest::newRow("21 of 3 bytes: 63") << 21 << NTypes::TYPE_STRING32;
+    QTest::newRow("22 of 3 bytes: 66") << 22 << NTypes::TYPE_STRING64;
+    QTest::newRow("30 of 3 bytes: 90") << 30 << NTypes::TYPE_STRING64;
+    QTest::newRow("42 of 3 bytes: 126") << 42 << NTypes::TYPE_STRING64;
+    QTest::newRow("43 of 3 bytes: 129") << 43 << NTypes::TYPE_STRING128;
 }
 
 void tst_CVariantBridge::textBeyondAscii()
 {
     QFETCH(int, euros);
-    QFETCH(int, tag);
+    QFETCH(NTypes::ETypes, type);
     const CVariant variant{QVariant(QString(euros, QChar(0x20AC)))};
 
-    QCOMPARE(variant.type(), typeOf(tag));
+    QCOMPARE(variant.type(), type);
     QCOMPARE(variant.toStr(), QString(euros, QChar(0x20AC)));
 }
 
 void tst_CVariantBridge::byteArraySizes_data()
 {
     QTest::addColumn<int>("bytes");
-    QTest::addColumn<int>("tag");
+    QTest::addColumn<NTypes::ETypes>("type");
 
-    QTest::newRow("0 bytes") << 0 << 12;
-    QTest::newRow("63 bytes") << 63 << 12;
-    QTest::newRow("64 bytes") << 64 << 17;
-    QTest::newRow("127 bytes") << 127 << 17;
-    QTest::newRow("128 bytes") << 128 << 14;
-    QTest::newRow("1000 bytes") << 1000 << 14;
+    QTest::newRow("0 bytes") << 0 << NTypes::TYPE_STRING32;
+    QTest::newRow("63 bytes") << 63 << NTypes::TYPE_STRING32;
+    QTest::newRow("64 bytes") << 64 << NTypes::TYPE_STRING64;
+    QTest::newRow("127 bytes") << 127 << NTypes::TYPE_STRING64;
+    QTest::newRow("128 bytes") << 128 << NTypes::TYPE_STRING128;
+    QTest::newRow("1000 bytes") << 1000 << NTypes::TYPE_STRING128;
 }
 
 void tst_CVariantBridge::byteArraySizes()
 {
     QFETCH(int, bytes);
-    QFETCH(int, tag);
+    QFETCH(NTypes::ETypes, type);
     const CVariant variant{QVariant(QByteArray(bytes, 'a'))};
     const int units = qMin(bytes, 256) / 2;
 
-    QCOMPARE(variant.type(), typeOf(tag));
+    QCOMPARE(variant.type(), type);
     QCOMPARE(variant.toStr().left(units), QString(units, QChar(0x6161)));
 }
 
@@ -326,31 +328,32 @@ void tst_CVariantBridge::payloadOut()
 void tst_CVariantBridge::thereAndBack_data()
 {
     QTest::addColumn<CVariant>("variant");
-    QTest::addColumn<int>("tag");
+    QTest::addColumn<NTypes::ETypes>("type");
     QTest::addColumn<QString>("text");
 
     const char bytes64[64] = "A";
     const char bytes128[128] = "A";
     const char bytes256[256] = "A";
     const QString letter = QStringLiteral("A");
-    QTest::newRow("I16") << CVariant(short(-2)) << 4 << QStringLiteral("-2");
-    QTest::newRow("U8 default comes back wider") << CVariant(NTypes::TYPE_U8) << 6 << QStringLiteral("0");
-    QTest::newRow("STRING64") << CVariant(CString64(letter)) << 17 << letter;
+    QTest::newRow("I16") << CVariant(short(-2)) << NTypes::TYPE_I16 << QStringLiteral("-2");
+    QTest::newRow("U8 default comes back wider")
+        << CVariant(NTypes::TYPE_U8) << NTypes::TYPE_I32 << QStringLiteral("0");
+    QTest::newRow("STRING64") << CVariant(CString64(letter)) << NTypes::TYPE_STRING64 << letter;
     // The bytes come back as UTF-16 units: a type by their number.
-    QTest::newRow("CHARSTR64") << CVariant(bytes64) << 17 << letter;
-    QTest::newRow("CHARSTR128") << CVariant(bytes128) << 14 << letter;
-    QTest::newRow("CHARSTR256") << CVariant(bytes256) << 14 << letter;
-    QTest::newRow("CHAR") << CVariant('A') << 12 << letter;
+    QTest::newRow("CHARSTR64") << CVariant(bytes64) << NTypes::TYPE_STRING64 << letter;
+    QTest::newRow("CHARSTR128") << CVariant(bytes128) << NTypes::TYPE_STRING128 << letter;
+    QTest::newRow("CHARSTR256") << CVariant(bytes256) << NTypes::TYPE_STRING128 << letter;
+    QTest::newRow("CHAR") << CVariant('A') << NTypes::TYPE_STRING32 << letter;
 }
 
 void tst_CVariantBridge::thereAndBack()
 {
     QFETCH(CVariant, variant);
-    QFETCH(int, tag);
+    QFETCH(NTypes::ETypes, type);
     QFETCH(QString, text);
     const CVariant back = CVariant(QVariant(variant));
 
-    QCOMPARE(back.type(), typeOf(tag));
+    QCOMPARE(back.type(), type);
     QCOMPARE(back.toStr(), text);
 }
 

@@ -46,14 +46,16 @@ void tst_CVariantCompare::equals_data()
     QTest::addColumn<CVariant>("b");
     QTest::addColumn<bool>("equal");
 
-    const CVariant f80 = anyVariant(QVariant(1), 11);
+    const CVariant f80 = anyVariant(QVariant(1), NTypes::TYPE_F80);
     QTest::newRow("tags differ") << CVariant(1) << CVariant(1U) << false;
     QTest::newRow("unknown") << CVariant() << CVariant() << true;
-    QTest::newRow("unknown, whatever the payload") << anyVariant(QVariant(1), 0) << CVariant() << true;
-    QTest::newRow("F80, whatever the payload") << f80 << anyVariant(QVariant(2), 11) << true;
+    QTest::newRow("unknown, whatever the payload")
+        << anyVariant(QVariant(1), NTypes::TYPE_UNKNOWN) << CVariant() << true;
+    QTest::newRow("F80, whatever the payload") << f80 << anyVariant(QVariant(2), NTypes::TYPE_F80) << true;
     QTest::newRow("type 21, whatever the payload")
-        << anyVariant(QVariant(1), 21) << anyVariant(QVariant(2), 21) << true;
-    QTest::newRow("types 21 and 22") << anyVariant(QVariant(1), 21) << anyVariant(QVariant(1), 22) << false;
+        << anyVariant(QVariant(1), outside(21)) << anyVariant(QVariant(2), outside(21)) << true;
+    QTest::newRow("types 21 and 22") << anyVariant(QVariant(1), outside(21))
+                                     << anyVariant(QVariant(1), outside(22)) << false;
     QTest::newRow("unsigned") << CVariant(uchar(200)) << CVariant(uchar(200)) << true;
     QTest::newRow("unsigned differ") << CVariant(ushort(1)) << CVariant(ushort(2)) << false;
     QTest::newRow("U64 beyond a double")
@@ -65,7 +67,8 @@ void tst_CVariantCompare::equals_data()
     QTest::newRow("dates") << dateTime(2024, 5) << dateTime(2024, 5) << true;
     QTest::newRow("dates differ") << dateTime(2024, 5) << dateTime(2024, 6) << false;
     QTest::newRow("date record and packed number")
-        << dateTime(2024, 5) << anyVariant(QVariant(Q_INT64_C(0x07E803050C000000)), 16) << true;
+        << dateTime(2024, 5) << anyVariant(QVariant(Q_INT64_C(0x07E803050C000000)), NTypes::TYPE_DATETIME)
+        << true;
     QTest::newRow("F32 fuzzy") << CVariant(1.0F) << CVariant(1.000001F) << true;
     QTest::newRow("F32 just near enough") << CVariant(1.0F) << CVariant(1.000008F) << true;
     QTest::newRow("F32 too far") << CVariant(1.0F) << CVariant(1.00002F) << false;
@@ -85,12 +88,13 @@ void tst_CVariantCompare::equals_data()
     QTest::newRow("F64 NaN and 0") << CVariant(NAN64) << CVariant(0.0) << false;
     QTest::newRow("texts") << text32("drive") << text32("drive") << true;
     QTest::newRow("texts differ by case") << text32("drive") << text32("Drive") << false;
-    QTest::newRow("bytes that read the same") << anyVariant(QVariant(QByteArray("ab\0c", 4)), 13)
-                                              << anyVariant(QVariant(QByteArray("ab")), 13) << true;
+    QTest::newRow("bytes that read the same")
+        << anyVariant(QVariant(QByteArray("ab\0c", 4)), NTypes::TYPE_CHARSTR64)
+        << anyVariant(QVariant(QByteArray("ab")), NTypes::TYPE_CHARSTR64) << true;
     QTest::newRow("characters") << CVariant(QChar(0x41)) << CVariant(QChar(0x41)) << true;
     QTest::newRow("CHAR differ") << CVariant('A') << CVariant('B') << false;
     QTest::newRow("unreadable number is 0")
-        << anyVariant(QVariant(QStringLiteral("x")), 6) << CVariant(0) << true;
+        << anyVariant(QVariant(QStringLiteral("x")), NTypes::TYPE_I32) << CVariant(0) << true;
 }
 
 void tst_CVariantCompare::equals()
@@ -128,8 +132,8 @@ void tst_CVariantCompare::orders_data()
     QTest::newRow("unknown left") << CVariant() << CVariant(1) << false << false;
     QTest::newRow("unknown right: 0") << CVariant(1) << CVariant() << false << true;
     QTest::newRow("two unknown") << CVariant() << CVariant() << false << false;
-    QTest::newRow("F80 left") << anyVariant(QVariant(1), 11) << CVariant(2) << false << false;
-    QTest::newRow("type 21 left") << anyVariant(QVariant(1), 21) << CVariant(2) << false << false;
+    QTest::newRow("F80 left") << anyVariant(QVariant(1), NTypes::TYPE_F80) << CVariant(2) << false << false;
+    QTest::newRow("type 21 left") << anyVariant(QVariant(1), outside(21)) << CVariant(2) << false << false;
     // The left operand's tag chooses: signed here, unsigned there.
     QTest::newRow("I32 -1 and U32 5") << CVariant(-1) << CVariant(5U) << true << false;
     QTest::newRow("U32 5 and I32 -1") << CVariant(5U) << CVariant(-1) << true << false;
@@ -169,15 +173,17 @@ void tst_CVariantCompare::hashFollowsEquality_data()
     QTest::addColumn<CVariant>("a");
     QTest::addColumn<CVariant>("b");
 
-    QTest::newRow("unknown") << CVariant() << anyVariant(QVariant(1), 0);
-    QTest::newRow("F80") << anyVariant(QVariant(1), 11) << anyVariant(QVariant(2), 11);
+    QTest::newRow("unknown") << CVariant() << anyVariant(QVariant(1), NTypes::TYPE_UNKNOWN);
+    QTest::newRow("F80") << anyVariant(QVariant(1), NTypes::TYPE_F80)
+                         << anyVariant(QVariant(2), NTypes::TYPE_F80);
     QTest::newRow("default and number") << CVariant(NTypes::TYPE_I16) << CVariant(short(0));
     QTest::newRow("F32 fuzzy") << CVariant(1.0F) << CVariant(1.000001F);
     QTest::newRow("F64 fuzzy") << CVariant(1.0) << CVariant(1.0 + 1e-13);
     QTest::newRow("date forms") << dateTime(2024, 5)
-                                << anyVariant(QVariant(Q_INT64_C(0x07E803050C000000)), 16);
+                                << anyVariant(QVariant(Q_INT64_C(0x07E803050C000000)), NTypes::TYPE_DATETIME);
     QTest::newRow("bytes that read the same")
-        << anyVariant(QVariant(QByteArray("ab\0c", 4)), 13) << anyVariant(QVariant(QByteArray("ab")), 13);
+        << anyVariant(QVariant(QByteArray("ab\0c", 4)), NTypes::TYPE_CHARSTR64)
+        << anyVariant(QVariant(QByteArray("ab")), NTypes::TYPE_CHARSTR64);
 }
 
 void tst_CVariantCompare::hashFollowsEquality()

@@ -155,9 +155,10 @@ void tst_CVariantHex::dates_data()
 
     const NTypes::tsDateTime record = {{45, 9, 7, 13}, {5, 3, 2024}};
     QTest::newRow("packed number, no leading zeros")
-        << anyVariant(QVariant(Q_INT64_C(0x07E803050D07092D)), 16) << QStringLiteral("7e803050d07092d");
+        << anyVariant(QVariant(Q_INT64_C(0x07E803050D07092D)), NTypes::TYPE_DATETIME)
+        << QStringLiteral("7e803050d07092d");
     QTest::newRow("negative packed number")
-        << anyVariant(QVariant(Q_INT64_C(-2)), 16) << QStringLiteral("fffffffffffffffe");
+        << anyVariant(QVariant(Q_INT64_C(-2)), NTypes::TYPE_DATETIME) << QStringLiteral("fffffffffffffffe");
     QTest::newRow("record shows as 0") << CVariant(record) << QStringLiteral("0");
     QTest::newRow("default shows as 0") << CVariant(NTypes::TYPE_DATETIME) << QStringLiteral("0");
 }
@@ -177,9 +178,9 @@ void tst_CVariantHex::noDigits_data()
     QTest::newRow("unknown") << CVariant();
     QTest::newRow("F32") << CVariant(1.5F);
     QTest::newRow("F64") << CVariant(1.5);
-    QTest::newRow("F80") << anyVariant(QVariant(1), 11);
-    QTest::newRow("type 21") << anyVariant(QVariant(1), 21);
-    QTest::newRow("type 0xFFFFFFFF") << anyVariant(QVariant(1), 0xFFFFFFFF);
+    QTest::newRow("F80") << anyVariant(QVariant(1), NTypes::TYPE_F80);
+    QTest::newRow("type 21") << anyVariant(QVariant(1), outside(21));
+    QTest::newRow("type 0xFFFFFFFF") << anyVariant(QVariant(1), outside(0xFFFFFFFF));
 }
 
 void tst_CVariantHex::noDigits()
@@ -198,24 +199,28 @@ void tst_CVariantHex::otherPayloads_data()
     QTest::addColumn<QString>("digits");
 
     // The narrow value of the tag shows; toU64() reads the wide one.
-    const CVariant wide = anyVariant(QVariant(0x12345), 1);
+    const CVariant wide = anyVariant(QVariant(0x12345), NTypes::TYPE_U8);
     QTest::newRow("wide number under U8") << wide << QStringLiteral("45");
-    QTest::newRow("wide number under I16") << anyVariant(QVariant(0x18000), 4) << QStringLiteral("8000");
+    QTest::newRow("wide number under I16")
+        << anyVariant(QVariant(0x18000), NTypes::TYPE_I16) << QStringLiteral("8000");
     QTest::newRow("text of a number under U16")
-        << anyVariant(QVariant(QStringLiteral("258")), 3) << QStringLiteral("0102");
+        << anyVariant(QVariant(QStringLiteral("258")), NTypes::TYPE_U16) << QStringLiteral("0102");
     QTest::newRow("text of no number under U32")
-        << anyVariant(QVariant(QStringLiteral("x")), 5) << QStringLiteral("00000000");
-    QTest::newRow("no value under I64") << anyVariant(QVariant(), 9) << zeros(16);
-    QTest::newRow("text under UTF16CHAR") << anyVariant(QVariant(QStringLiteral("x")), 19) << zeros(4);
+        << anyVariant(QVariant(QStringLiteral("x")), NTypes::TYPE_U32) << QStringLiteral("00000000");
+    QTest::newRow("no value under I64") << anyVariant(QVariant(), NTypes::TYPE_I64) << zeros(16);
+    QTest::newRow("text under UTF16CHAR")
+        << anyVariant(QVariant(QStringLiteral("x")), NTypes::TYPE_UTF16CHAR) << zeros(4);
     QTest::newRow("text under DATETIME")
-        << anyVariant(QVariant(QStringLiteral("x")), 16) << QStringLiteral("0");
-    QTest::newRow("bytes under STRING32") << anyVariant(QVariant(QByteArray("A")), 12) << zeros(128);
-    QTest::newRow("number under STRING64") << anyVariant(QVariant(5), 17) << zeros(256);
-    QTest::newRow("text under STRING128") << anyVariant(QVariant(QStringLiteral("x")), 14) << zeros(512);
+        << anyVariant(QVariant(QStringLiteral("x")), NTypes::TYPE_DATETIME) << QStringLiteral("0");
+    QTest::newRow("bytes under STRING32")
+        << anyVariant(QVariant(QByteArray("A")), NTypes::TYPE_STRING32) << zeros(128);
+    QTest::newRow("number under STRING64") << anyVariant(QVariant(5), NTypes::TYPE_STRING64) << zeros(256);
+    QTest::newRow("text under STRING128")
+        << anyVariant(QVariant(QStringLiteral("x")), NTypes::TYPE_STRING128) << zeros(512);
     QTest::newRow("CString64 under STRING32")
-        << anyVariant(QVariant::fromValue(CString64(QStringLiteral("A"))), 12)
+        << anyVariant(QVariant::fromValue(CString64(QStringLiteral("A"))), NTypes::TYPE_STRING32)
         << QStringLiteral("4100") + zeros(124);
-    QTest::newRow("no value under CHARSTR64") << anyVariant(QVariant(), 13) << QString();
+    QTest::newRow("no value under CHARSTR64") << anyVariant(QVariant(), NTypes::TYPE_CHARSTR64) << QString();
 }
 
 void tst_CVariantHex::otherPayloads()
@@ -232,7 +237,7 @@ void tst_CVariantHex::prefix()
 
     QCOMPARE(CVariant(uchar(10)).toHex(marker), QStringLiteral("%1 %L2 0a"));
     QCOMPARE(CVariant('A').toHex(marker), QStringLiteral("%1 %L2 41"));
-    QCOMPARE(anyVariant(QVariant(0x12345), 1).toU64(), 0x12345ULL);
+    QCOMPARE(anyVariant(QVariant(0x12345), NTypes::TYPE_U8).toU64(), 0x12345ULL);
 }
 
 QTEST_GUILESS_MAIN(tst_CVariantHex)
