@@ -102,8 +102,7 @@ bool CTar::file(int index, QByteArray& data)
                 .arg(index)
                 .arg(count()));
     }
-    const CTarFileInfo member = mIndex->info(index);
-    return readData(member.mPos + BLOCK, member.mSize, data);
+    return readData(mIndex->position(index) + BLOCK, mIndex->size(index), data);
 }
 
 bool CTar::file(const QString& name, QByteArray& data)
@@ -136,6 +135,7 @@ bool CTar::open(const QString& fileName)
     if (!mFile.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         return fail(mFile.errorString());
     }
+    mFileSize = mFile.size();
     return true;
 }
 
@@ -175,7 +175,10 @@ bool CTar::readHeader(TarReadAhead& blocks, qint64& pos, bool& end)
 bool CTar::readData(qint64 start, qint64 size, QByteArray& data)
 {
     const bool fits = size <= BYTE_ARRAY_MAX;
-    qint64 count = qBound<qint64>(0, mFile.size() - start, size);
+    if (mFileSize - start < size) {
+        mFileSize = mFile.size(); // it may have grown
+    }
+    qint64 count = qBound<qint64>(0, mFileSize - start, size);
     QByteArray bytes;
     if (fits) {
         bytes.resize(static_cast<int>(count));

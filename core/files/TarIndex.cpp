@@ -16,14 +16,14 @@ void TarIndex::append(const TarHeader& header, qint64 size, qint64 pos)
 
 CTarFileInfo TarIndex::info(int index) const
 {
-    const SMember& member = mMembers[static_cast<std::size_t>(index)];
-    const char* text = mTexts.data() + member.text;
+    const SMember& at = member(index);
+    const char* text = mTexts.data() + at.text;
     CTarFileInfo info;
-    info.mType = member.type;
-    info.mName = index < mNames.size() ? mNames.at(index) : QString::fromLatin1(text, member.nameLength);
-    info.mLinkName = QString::fromLatin1(text + member.nameLength, member.linkLength);
-    info.mSize = member.size;
-    info.mPos = member.pos;
+    info.mType = at.type;
+    info.mName = index < mNames.size() ? mNames.at(index) : QString::fromLatin1(text, at.nameLength);
+    info.mLinkName = QString::fromLatin1(text + at.nameLength, at.linkLength);
+    info.mSize = at.size;
+    info.mPos = at.pos;
     return info;
 }
 
@@ -60,9 +60,12 @@ void TarIndex::hashNames()
         mKeys.resize(TarHeader::BLOCK_SIZE); // a name ends with its header at the latest
         QRandomGenerator::global()->fillRange(mKeys.data(), mKeys.size());
     }
-    names();
+    mNames.reserve(count());
     mFirst.reserve(count());
     for (; mHashed < count(); ++mHashed) {
+        if (mNames.size() == mHashed) {
+            mNames.append(info(mHashed).mName); // beside its entry in the hash
+        }
         const uint hash = hashOf(mNames.at(mHashed));
         if (indexOf(mNames.at(mHashed), hash) < 0) {
             mFirst.insert(hash, mHashed);
@@ -80,13 +83,16 @@ int TarIndex::indexOf(const QString& name, uint hash) const
     return -1;
 }
 
-// Multilinear hashing (Carter and Wegman, "Universal Classes of Hash Functions", 1979): without the keys, nobody can
-// choose names that crowd. Qt's text hash has collisions that do not depend on its seed.
+// Multilinear hashing (Carter and Wegman, "Universal Classes of Hash Functions", 1979), two characters a step: without the
+// keys, nobody can choose names that crowd. Qt's text hash has collisions that do not depend on its seed.
 uint TarIndex::hashOf(const QString& name) const
 {
+    const QChar* unit = name.constData();
+    const quint64* key = mKeys.constData();
     quint64 sum = 0;
-    for (int i = 0; i < name.size(); ++i) {
-        sum += mKeys.at(i) * name.at(i).unicode();
+    for (int left = name.size(); left > 1; left -= 2, unit += 2) {
+        sum += *key++ * (unit[0].unicode() + (static_cast<quint64>(unit[1].unicode()) << 16));
     }
+    sum += *key * (name.size() % 2 != 0 ? unit->unicode() : 0U);
     return static_cast<uint>(sum >> 32);
 }

@@ -27,6 +27,8 @@ public:
 
     int count() const { return static_cast<int>(mMembers.size()); }
 
+    qint64 size(int index) const { return member(index).size; }
+    qint64 position(int index) const { return member(index).pos; }
     CTarFileInfo info(int index) const;
     QList<CTarFileInfo> infos() const;
     const QStringList& names();
@@ -45,6 +47,7 @@ private:
         qint32 type;
     };
 
+    const SMember& member(int index) const { return mMembers[static_cast<std::size_t>(index)]; }
     void hashNames();
     int indexOf(const QString& name, uint hash) const;
     uint hashOf(const QString& name) const;
@@ -52,7 +55,7 @@ private:
     std::vector<SMember> mMembers;
     std::string mTexts;
     QStringList mNames;           ///< Of the first members, as far as names were asked for.
-    QVector<quint64> mKeys;       ///< Random, of hashOf(): one for each character that a name can have.
+    QVector<quint64> mKeys;       ///< Random, of hashOf(): more than a name has pairs of characters.
     QMultiHash<uint, int> mFirst; ///< Index of the first member of each name, by hashOf().
     int mHashed = 0;              ///< Names that are in mFirst.
 };
