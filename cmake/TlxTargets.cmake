@@ -74,7 +74,7 @@ function(tlx_add_test name)
     add_executable(${name} ${name}.cpp ${arg_SOURCES})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     tlx_configure_target(${name})
-    target_link_libraries(${name} PRIVATE tlxCore tlxTestSupport Qt5::Test ${arg_LIBRARIES})
+    target_link_libraries(${name} PRIVATE tlxCore tlxTestSupport ${TLX_QT}::Test ${arg_LIBRARIES})
     add_test(NAME ${name} COMMAND ${name})
     # Wine takes several times as long for files and processes.
     set_tests_properties(${name} PROPERTIES TIMEOUT $<IF:$<BOOL:${CMAKE_CROSSCOMPILING}>,1200,300>)

@@ -11,6 +11,7 @@
 #include <core/app/CHmac.h>
 #include <core/app/CPublicWait.h>
 #include <core/app/SharedNames.h>
+#include <core/base/QtCompat.h>
 #include <core/device/CCommandLineParser.h>
 #include <core/device/CDeviceHardwareId.h>
 #include <core/device/CDeviceItem.h>

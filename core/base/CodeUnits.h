@@ -15,7 +15,7 @@ inline QString textOfCodeUnits(const void* data, int codeUnits)
     if (codeUnits > 0) {
         std::memcpy(text.data(), data, static_cast<std::size_t>(codeUnits) * sizeof(QChar));
     }
-    const int end = text.indexOf(QChar(0));
+    const auto end = text.indexOf(QChar(0));
     if (end >= 0) {
         text.truncate(end);
     }

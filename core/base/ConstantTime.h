@@ -7,8 +7,8 @@
 inline bool isEqualInConstantTime(const QString& left, const QString& right)
 {
     uint difference = left.size() == right.size() ? 0 : 1;
-    const int count = qMin(left.size(), right.size());
-    for (int i = 0; i < count; ++i) {
+    const auto count = qMin(left.size(), right.size());
+    for (auto i = count; i-- > 0;) {
         difference |= static_cast<uint>(left.at(i).unicode() ^ right.at(i).unicode());
     }
     return difference == 0;

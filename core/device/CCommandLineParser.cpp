@@ -34,7 +34,7 @@ QMap<QString, QString> CCommandLineParser::argumentsMap(QStringList* list)
         return map;
     }
     for (const QString& argument : qAsConst(*list)) {
-        const int equals = argument.indexOf(QLatin1Char('='));
+        const auto equals = argument.indexOf(QLatin1Char('='));
         if (equals > 0) {
             map.insert(argument.left(equals), argument.mid(equals + 1));
         }
@@ -71,7 +71,7 @@ QMap<QString, QString> CCommandLineParser::argumentsMap(const QString& option)
 
 int CCommandLineParser::count() const
 {
-    return arguments.size();
+    return static_cast<int>(arguments.size());
 }
 
 bool CCommandLineParser::contains(const QString& key) const

@@ -330,7 +330,7 @@ QString CDeviceHardwareId::form(int numbers) const
     return filledTemplate(QStringLiteral("%1%2_%3_%4_%5").left(3 * values.size() - 2), values);
 }
 
-uint qHash(const CDeviceHardwareId& id, uint seed) noexcept
+NQtCompat::THash qHash(const CDeviceHardwareId& id, NQtCompat::THash seed) noexcept
 {
     const quint64 numbers =
         quint64(id.platform()) | quint64(id.version()) << 16 | quint64(id.revision()) << 32;

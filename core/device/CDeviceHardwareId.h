@@ -1,6 +1,7 @@
 #ifndef TLXCORE_CDEVICEHARDWAREID_H
 #define TLXCORE_CDEVICEHARDWAREID_H
 
+#include <core/base/QtCompat.h>
 #include <core/tlxCoreExport.h>
 
 #include <QMetaType>
@@ -153,7 +154,7 @@ private:
 Q_DECLARE_METATYPE(CDeviceHardwareId)
 
 /// Agrees with operator==.
-TLXCORE_EXPORT uint qHash(const CDeviceHardwareId& id, uint seed = 0) noexcept;
+TLXCORE_EXPORT NQtCompat::THash qHash(const CDeviceHardwareId& id, NQtCompat::THash seed = 0) noexcept;
 
 /// Writes the prefix as QString, the three numbers as signed 16-bit integers (-1: not set), then the name as QString.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceHardwareId& id);

@@ -1,6 +1,6 @@
 #include <core/device/CDeviceItem.h>
 
-#include <core/device/MapStream.h>
+#include <core/base/MapStream.h>
 
 #include <QDataStream>
 #include <QDebug>
@@ -53,7 +53,7 @@ bool CDeviceItem::operator!=(const CDeviceItem& other) const
     return !(*this == other);
 }
 
-uint qHash(const CDeviceItem& item, uint seed) noexcept
+NQtCompat::THash qHash(const CDeviceItem& item, NQtCompat::THash seed) noexcept
 {
     seed = qHash(item.number, seed);
     seed = qHash(item.name, seed);
@@ -81,15 +81,17 @@ QDataStream& operator<<(QDataStream& stream, const CDeviceItem& item)
     stream << item.number << item.name << item.hostAddrType << item.hostAddress << item.port << item.extraText
            << item.extraText2 << item.mConfigurationName << item.flag1 << item.flag2 << item.value1
            << item.value2;
-    writeMap(stream, item.subDevices);
+    NQtCompat::writeMap(stream, item.subDevices);
     return stream;
 }
 
 QDataStream& operator>>(QDataStream& stream, CDeviceItem& item)
 {
-    return stream >> item.number >> item.name >> item.hostAddrType >> item.hostAddress >> item.port
-           >> item.extraText >> item.extraText2 >> item.mConfigurationName >> item.flag1 >> item.flag2
-           >> item.value1 >> item.value2 >> item.subDevices;
+    stream >> item.number >> item.name >> item.hostAddrType >> item.hostAddress >> item.port >> item.extraText
+        >> item.extraText2 >> item.mConfigurationName >> item.flag1 >> item.flag2 >> item.value1
+        >> item.value2;
+    NQtCompat::readMap(stream, item.subDevices);
+    return stream;
 }
 
 QDebug operator<<(QDebug debug, const CDeviceItem& item)

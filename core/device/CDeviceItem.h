@@ -1,6 +1,7 @@
 #ifndef TLXCORE_CDEVICEITEM_H
 #define TLXCORE_CDEVICEITEM_H
 
+#include <core/base/QtCompat.h>
 #include <core/device/CSubDeviceItem.h>
 #include <core/tlxCoreExport.h>
 
@@ -69,7 +70,7 @@ public:
     bool flag2 = false;                          ///< See extraText.
     qint32 value1 = 0;                           ///< See extraText.
     qint32 value2 = 0;                           ///< Free for the tools. 0: the item is not valid.
-    QMap<unsigned char, CSubDeviceItem> subDevices; ///< By number, ascending.
+    NQtCompat::TMap<unsigned char, CSubDeviceItem> subDevices; ///< By number, ascending.
 
 private:
     friend TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceItem& item);
@@ -82,7 +83,7 @@ Q_DECLARE_TYPEINFO(CDeviceItem, Q_MOVABLE_TYPE);
 Q_DECLARE_METATYPE(CDeviceItem)
 
 /// Agrees with operator==.
-TLXCORE_EXPORT uint qHash(const CDeviceItem& item, uint seed = 0) noexcept;
+TLXCORE_EXPORT NQtCompat::THash qHash(const CDeviceItem& item, NQtCompat::THash seed = 0) noexcept;
 
 /// Writes or reads the kind as a signed 32-bit integer.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceItem::EHostAddrType& type);

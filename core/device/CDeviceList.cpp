@@ -1,6 +1,6 @@
 #include <core/device/CDeviceList.h>
 
-#include <core/device/MapStream.h>
+#include <core/base/MapStream.h>
 
 #include <QDataStream>
 #include <QDebug>
@@ -19,7 +19,7 @@ CDeviceList& CDeviceList::operator=(const CDeviceList& other) noexcept = default
 
 int CDeviceList::size() const
 {
-    return devices.size();
+    return static_cast<int>(devices.size());
 }
 
 int CDeviceList::count() const
@@ -49,14 +49,8 @@ void CDeviceList::removeDevice(unsigned int number)
 
 void CDeviceList::unite(const CDeviceList& other)
 {
-    const QMap<unsigned int, CDeviceItem> added = other.devices; // `other` may be this very list
-    QMultiMap<unsigned int, CDeviceItem> united(std::exchange(devices, {}));
-    auto entry = added.constEnd();
-    while (entry != added.constBegin()) {
-        --entry;
-        united.insert(entry.key(), entry.value());
-    }
-    devices = std::move(united);
+    const auto added = other.devices; // `other` may be this very list
+    NQtCompat::unite(devices, added);
 }
 
 void CDeviceList::clear()
@@ -74,7 +68,7 @@ bool CDeviceList::operator!=(const CDeviceList& other) const
     return !(*this == other);
 }
 
-uint qHash(const CDeviceList& list, uint seed) noexcept
+NQtCompat::THash qHash(const CDeviceList& list, NQtCompat::THash seed) noexcept
 {
     seed = qHash(list.name, qHash(static_cast<qint32>(list.sourceType), seed));
     for (auto entry = list.devices.constBegin(); entry != list.devices.constEnd(); ++entry) {
@@ -99,13 +93,15 @@ QDataStream& operator>>(QDataStream& stream, CDeviceList::ESourceType& type)
 QDataStream& operator<<(QDataStream& stream, const CDeviceList& list)
 {
     stream << list.name << list.sourceType;
-    writeMap(stream, list.devices);
+    NQtCompat::writeMap(stream, list.devices);
     return stream;
 }
 
 QDataStream& operator>>(QDataStream& stream, CDeviceList& list)
 {
-    return stream >> list.name >> list.sourceType >> list.devices;
+    stream >> list.name >> list.sourceType;
+    NQtCompat::readMap(stream, list.devices);
+    return stream;
 }
 
 QDebug operator<<(QDebug debug, const CDeviceList& list)

@@ -1,6 +1,7 @@
 #ifndef TLXCORE_CDEVICELIST_H
 #define TLXCORE_CDEVICELIST_H
 
+#include <core/base/QtCompat.h>
 #include <core/device/CDeviceItem.h>
 #include <core/tlxCoreExport.h>
 
@@ -75,16 +76,16 @@ public:
     bool operator==(const CDeviceList& other) const;
     bool operator!=(const CDeviceList& other) const;
 
-    QString name;                            ///< List name.
-    ESourceType sourceType = SOURCE_NONE;    ///< Where the list came from.
-    QMap<unsigned int, CDeviceItem> devices; ///< By number, ascending.
+    QString name;                                       ///< List name.
+    ESourceType sourceType = SOURCE_NONE;               ///< Where the list came from.
+    NQtCompat::TMap<unsigned int, CDeviceItem> devices; ///< By number, ascending.
 };
 
 Q_DECLARE_TYPEINFO(CDeviceList, Q_MOVABLE_TYPE);
 Q_DECLARE_METATYPE(CDeviceList)
 
 /// Agrees with operator==.
-TLXCORE_EXPORT uint qHash(const CDeviceList& list, uint seed = 0) noexcept;
+TLXCORE_EXPORT NQtCompat::THash qHash(const CDeviceList& list, NQtCompat::THash seed = 0) noexcept;
 
 /// Writes or reads the source as a signed 32-bit integer.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceList::ESourceType& type);

@@ -197,7 +197,7 @@ bool CIPv6Address::operator!=(const CIPv6Address& other) const
     return !(*this == other);
 }
 
-uint qHash(const CIPv6Address& address, uint seed) noexcept
+NQtCompat::THash qHash(const CIPv6Address& address, NQtCompat::THash seed) noexcept
 {
     return qHashBits(&address[0], 16, seed);
 }

@@ -1,6 +1,7 @@
 #ifndef TLXCORE_CIPV6ADDRESS_H
 #define TLXCORE_CIPV6ADDRESS_H
 
+#include <core/base/QtCompat.h>
 #include <core/tlxCoreExport.h>
 
 #include <QByteArray>
@@ -100,7 +101,7 @@ private:
 Q_DECLARE_METATYPE(CIPv6Address)
 
 /// Agrees with operator==.
-TLXCORE_EXPORT uint qHash(const CIPv6Address& address, uint seed = 0) noexcept;
+TLXCORE_EXPORT NQtCompat::THash qHash(const CIPv6Address& address, NQtCompat::THash seed = 0) noexcept;
 
 /// Writes the 16 bytes in storage order, nothing else.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CIPv6Address& address);

@@ -226,7 +226,7 @@ bool CMotorBaseName::operator!=(const CMotorBaseName& other) const
     return !(*this == other);
 }
 
-uint qHash(const CMotorBaseName& motor, uint seed) noexcept
+NQtCompat::THash qHash(const CMotorBaseName& motor, NQtCompat::THash seed) noexcept
 {
     return qHash(motor.mNumber, qHash(motor.mName, qHash(motor.mManufacturer, seed)));
 }

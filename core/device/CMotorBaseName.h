@@ -1,6 +1,7 @@
 #ifndef TLXCORE_CMOTORBASENAME_H
 #define TLXCORE_CMOTORBASENAME_H
 
+#include <core/base/QtCompat.h>
 #include <core/tlxCoreExport.h>
 
 #include <QMetaType>
@@ -111,7 +112,7 @@ public:
     bool operator!=(const CMotorBaseName& other) const;
 
 private:
-    friend TLXCORE_EXPORT uint qHash(const CMotorBaseName& motor, uint seed) noexcept;
+    friend TLXCORE_EXPORT NQtCompat::THash qHash(const CMotorBaseName& motor, NQtCompat::THash seed) noexcept;
     friend TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CMotorBaseName& motor);
     friend TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CMotorBaseName& motor);
 
@@ -124,7 +125,7 @@ private:
 Q_DECLARE_METATYPE(CMotorBaseName)
 
 /// Agrees with operator==.
-TLXCORE_EXPORT uint qHash(const CMotorBaseName& motor, uint seed = 0) noexcept;
+TLXCORE_EXPORT NQtCompat::THash qHash(const CMotorBaseName& motor, NQtCompat::THash seed = 0) noexcept;
 
 /// Writes manufacturer, name and number, each as QString; not the flag.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CMotorBaseName& motor);

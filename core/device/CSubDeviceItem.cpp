@@ -22,7 +22,7 @@ bool CSubDeviceItem::operator!=(const CSubDeviceItem& other) const
     return !(*this == other);
 }
 
-uint qHash(const CSubDeviceItem& item, uint seed) noexcept
+NQtCompat::THash qHash(const CSubDeviceItem& item, NQtCompat::THash seed) noexcept
 {
     return qHash(item.name, qHash(item.number, seed));
 }

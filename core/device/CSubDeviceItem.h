@@ -1,6 +1,7 @@
 #ifndef TLXCORE_CSUBDEVICEITEM_H
 #define TLXCORE_CSUBDEVICEITEM_H
 
+#include <core/base/QtCompat.h>
 #include <core/tlxCoreExport.h>
 
 #include <QMetaType>
@@ -37,7 +38,7 @@ Q_DECLARE_TYPEINFO(CSubDeviceItem, Q_MOVABLE_TYPE);
 Q_DECLARE_METATYPE(CSubDeviceItem)
 
 /// Agrees with operator==.
-TLXCORE_EXPORT uint qHash(const CSubDeviceItem& item, uint seed = 0) noexcept;
+TLXCORE_EXPORT NQtCompat::THash qHash(const CSubDeviceItem& item, NQtCompat::THash seed = 0) noexcept;
 
 /// Writes the number as one byte, then the name as QString.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CSubDeviceItem& item);

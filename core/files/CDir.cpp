@@ -269,7 +269,7 @@ bool CDir::copyDirectoryRecursive(const QString& src, const QString& dst,
         if (!copied || (isTree && hasUnlistedEntries(entry))) {
             return false;
         }
-        progress(++done, entries.size());
+        progress(++done, static_cast<int>(entries.size()));
     }
     if (!copier.writeThrough()) {
         printCopyFailure(dst);

@@ -40,8 +40,7 @@ const SEntryPoint& row(CFTPath::EEntryPoint entryPoint)
 
 bool matches(const SEntryPoint& entry, const QString& path)
 {
-    return path.startsWith(entry.name) || path.midRef(1).startsWith(entry.name)
-           || path.startsWith(entry.path);
+    return path.startsWith(entry.name) || path.mid(1).startsWith(entry.name) || path.startsWith(entry.path);
 }
 
 } // namespace

@@ -54,7 +54,7 @@ QFileInfo fileInfo(const QString& path)
 // then, so that there are at most as many failures as parts.
 bool makePath(const QString& path)
 {
-    for (int parts = QDir::fromNativeSeparators(path).count(QLatin1Char('/')) + 1; parts >= 0; --parts) {
+    for (auto parts = QDir::fromNativeSeparators(path).count(QLatin1Char('/')) + 1; parts >= 0; --parts) {
         if (QDir().mkpath(path) || QFileInfo(path).isDir()) {
             return true;
         }

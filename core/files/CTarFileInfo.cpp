@@ -21,10 +21,10 @@ bool operator!=(const CTarFileInfo& left, const CTarFileInfo& right)
     return !(left == right);
 }
 
-uint qHash(const CTarFileInfo& info, uint seed) noexcept
+NQtCompat::THash qHash(const CTarFileInfo& info, NQtCompat::THash seed) noexcept
 {
-    const uint fields[] = {::qHash(info.mType), ::qHash(info.mName), ::qHash(info.mLinkName),
-                           ::qHash(info.mSize), ::qHash(info.mPos)};
+    const NQtCompat::THash fields[] = {::qHash(info.mType), ::qHash(info.mName), ::qHash(info.mLinkName),
+                                       ::qHash(info.mSize), ::qHash(info.mPos)};
     return qHashRange(std::begin(fields), std::end(fields), seed);
 }
 

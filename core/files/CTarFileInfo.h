@@ -1,6 +1,7 @@
 #ifndef TLXCORE_CTARFILEINFO_H
 #define TLXCORE_CTARFILEINFO_H
 
+#include <core/base/QtCompat.h>
 #include <core/tlxCoreExport.h>
 
 #include <QMetaType>
@@ -53,7 +54,7 @@ TLXCORE_EXPORT bool operator==(const CTarFileInfo& left, const CTarFileInfo& rig
 /// Returns true if any field differs.
 TLXCORE_EXPORT bool operator!=(const CTarFileInfo& left, const CTarFileInfo& right);
 /// Returns a hash of all fields.
-TLXCORE_EXPORT uint qHash(const CTarFileInfo& info, uint seed = 0) noexcept;
+TLXCORE_EXPORT NQtCompat::THash qHash(const CTarFileInfo& info, NQtCompat::THash seed = 0) noexcept;
 /// Shows the type and all fields.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CTarFileInfo& info);
 

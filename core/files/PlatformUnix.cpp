@@ -188,7 +188,7 @@ bool NPlatform::FileCopier::writeThrough()
         isWritten = syncfs(handle) == 0 && isWritten;
     }
     if (!isWritten) {
-        std::for_each(mCopies.cbegin(), mCopies.cend(), qOverload<const QString&>(&QFile::remove));
+        std::for_each(mCopies.cbegin(), mCopies.cend(), [](const QString& path) { QFile::remove(path); });
     }
 #endif
     return isWritten;

@@ -40,7 +40,7 @@ QList<CTarFileInfo> TarIndex::infos() const
 const QStringList& TarIndex::names()
 {
     mNames.reserve(count());
-    for (int i = mNames.size(); i < count(); ++i) {
+    for (int i = static_cast<int>(mNames.size()); i < count(); ++i) {
         mNames.append(info(i).mName);
     }
     return mNames;

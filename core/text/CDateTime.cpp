@@ -198,7 +198,7 @@ QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime)
     return stream;
 }
 
-uint qHash(const CDateTime& dateTime, uint seed) noexcept
+NQtCompat::THash qHash(const CDateTime& dateTime, NQtCompat::THash seed) noexcept
 {
     return qHash(dateTime.mDateTime, seed);
 }

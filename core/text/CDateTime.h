@@ -1,6 +1,7 @@
 #ifndef TLXCORE_CDATETIME_H
 #define TLXCORE_CDATETIME_H
 
+#include <core/base/QtCompat.h>
 #include <core/tlxCoreExport.h>
 #include <core/types/NTypes.h>
 
@@ -116,7 +117,7 @@ public:
 private:
     friend TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime);
     friend TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime);
-    friend TLXCORE_EXPORT uint qHash(const CDateTime& dateTime, uint seed) noexcept;
+    friend TLXCORE_EXPORT NQtCompat::THash qHash(const CDateTime& dateTime, NQtCompat::THash seed) noexcept;
     friend TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CDateTime& dateTime);
 
     void setFields(const QDate& date, const QTime& time);
@@ -133,7 +134,7 @@ TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDateTime& dat
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime);
 
 /// Equal for equal instants.
-TLXCORE_EXPORT uint qHash(const CDateTime& dateTime, uint seed = 0) noexcept;
+TLXCORE_EXPORT NQtCompat::THash qHash(const CDateTime& dateTime, NQtCompat::THash seed = 0) noexcept;
 
 /// Shows the type and the ISO 8601 text with milliseconds: CDateTime("2024-03-05T13:07:09.456Z").
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CDateTime& dateTime);

@@ -50,7 +50,7 @@ QString CStr::cutString(const QString& text, unsigned int maxLength, bool& wasCu
         return text;
     }
     const int limit = maxLength > 4 ? static_cast<int>(maxLength) - 4 : 0;
-    const int blank = atBlank && limit > 0 ? text.lastIndexOf(QLatin1Char(' '), limit - 1) : -1;
+    const auto blank = atBlank && limit > 0 ? text.lastIndexOf(QLatin1Char(' '), limit - 1) : -1;
     return text.left(blank < 0 ? limit : blank) + QLatin1String(" ...");
 }
 
@@ -79,7 +79,7 @@ int CStr::indexOfAmpersand(const QString& text)
 int CStr::toUtf16(const QString& text, unsigned short* buffer, int bufferBytes)
 {
     const int room = buffer ? std::max(bufferBytes, 0) / 2 : 0;
-    const int codeUnits = std::min(text.size(), room);
+    const int codeUnits = static_cast<int>(std::min<qsizetype>(text.size(), room));
     if (codeUnits > 0) {
         std::memcpy(buffer, text.constData(), static_cast<std::size_t>(codeUnits) * sizeof(*buffer));
     }
@@ -91,7 +91,7 @@ int CStr::toUtf16(const QString& text, unsigned short* buffer, int bufferBytes)
 
 QString CStr::fromUtf16(const QByteArray& bytes)
 {
-    return textOfCodeUnits(bytes.constData(), bytes.size() / 2);
+    return textOfCodeUnits(bytes.constData(), static_cast<int>(bytes.size() / 2));
 }
 
 QString CStr::fromUtf16(const unsigned short* buffer, int bytes)

@@ -141,7 +141,7 @@ unsigned int CStr::strToFixPoint(const QString& s, bool* ok, unsigned int fracBi
     bool good = s.count(sep) == 1;
     quint32 value = 0;
     if (good) {
-        const int end = s.indexOf(sep);
+        const auto end = s.indexOf(sep);
         bool goodFraction = false;
         const quint32 integer = readNumber<quint32>(s.left(end), good, 10);
         const quint32 fraction = readNumber<quint32>(s.mid(end + 1), goodFraction, 10);

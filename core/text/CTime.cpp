@@ -251,7 +251,7 @@ QDataStream& operator>>(QDataStream& stream, CTime& time)
     return stream;
 }
 
-uint qHash(const CTime& time, uint seed) noexcept
+NQtCompat::THash qHash(const CTime& time, NQtCompat::THash seed) noexcept
 {
     return qHash(quint64(time.toNS()), seed);
 }

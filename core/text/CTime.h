@@ -1,6 +1,7 @@
 #ifndef TLXCORE_CTIME_H
 #define TLXCORE_CTIME_H
 
+#include <core/base/QtCompat.h>
 #include <core/tlxCoreExport.h>
 
 #include <QHash>
@@ -149,7 +150,7 @@ TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CTime& time);
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CTime& time);
 
 /// Equal for durations that are equal in nanoseconds.
-TLXCORE_EXPORT uint qHash(const CTime& time, uint seed = 0) noexcept;
+TLXCORE_EXPORT NQtCompat::THash qHash(const CTime& time, NQtCompat::THash seed = 0) noexcept;
 
 /// Shows the type, the count and the unit: CTime(1500 ms), CTime(5 unit 7).
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CTime& time);

@@ -167,7 +167,7 @@ QString CTlString::toStr(const double& value, unsigned int format)
 
 QString CTlString::insertPointSeparator(const QString& s)
 {
-    const int size = s.size();
+    const int size = static_cast<int>(s.size());
     if (size < 5) {
         return s;
     }

@@ -1,6 +1,7 @@
 #ifndef TLXCORE_CTLSTRING_H
 #define TLXCORE_CTLSTRING_H
 
+#include <core/base/QtCompat.h>
 #include <core/tlxCoreExport.h>
 
 #include <QHash>
@@ -212,7 +213,7 @@ public:
 static_assert(sizeof(CTlString::SFormatValue) == 4, "the descriptor travels as 32 bits");
 
 /// Returns the hash of the packed form.
-inline uint qHash(CTlString::SFormatValue format, uint seed = 0) noexcept
+inline NQtCompat::THash qHash(CTlString::SFormatValue format, NQtCompat::THash seed = 0) noexcept
 {
     return ::qHash(static_cast<unsigned int>(format), seed);
 }

@@ -59,7 +59,7 @@ SEntry readEntry(const QString& text, bool binary, bool hasFraction)
     if (!binary && body.startsWith(QLatin1String("0x"), Qt::CaseInsensitive)) {
         body.remove(0, 2);
     }
-    const int colon = hasFraction ? body.indexOf(QLatin1Char(':')) : -1;
+    const auto colon = hasFraction ? body.indexOf(QLatin1Char(':')) : -1;
     entry.integer = joinedGroups(body.left(colon));
     entry.fraction = joinedGroups(colon < 0 ? QString() : body.mid(colon + 1));
     const QString digits = entry.integer + entry.fraction;

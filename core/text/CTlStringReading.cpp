@@ -53,7 +53,7 @@ quint64 hexBits(QString text, SFormatValue format, double factor, bool& ok)
         const qint64 number = NNumberReading::readSigned(withoutSeparators(text), 16, ok);
         return isOne(factor) ? static_cast<quint64>(number) : product<T>(static_cast<double>(number), factor);
     }
-    const int colon = text.indexOf(QLatin1Char(':'));
+    const auto colon = text.indexOf(QLatin1Char(':'));
     const quint64 bits = NNumberText::readHex(
         withoutSeparators(text.left(colon)), colon < 0 ? QString() : withoutSeparators(text.mid(colon)),
         format.width, std::max<int>(format.fractionDigits, 0), std::is_signed<T>::value, ok);

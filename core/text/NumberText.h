@@ -30,7 +30,7 @@ inline void appendDecimal(QString& text, quint64 magnitude, bool negative, int w
         text = NDigits::text(first, end);
         return;
     }
-    const int old = text.size();
+    const auto old = text.size();
     text.resize(old + before + count + after);
     QChar* out = text.data() + old;
     if (signFirst) {

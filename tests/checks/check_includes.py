@@ -9,7 +9,7 @@ import sys
 
 # Folder of core/ -> folders of core/ that it may include from, besides itself.
 ALLOWED = {
-    "": {"types", "text", "device", "files", "app"},
+    "": {"base", "types", "text", "device", "files", "app"},
     "base": set(),
     "types": {"base"},
     "text": {"base", "types", "app", "files"},

@@ -83,8 +83,8 @@ QByteArray FileTree::read(const QString& relative) const
 
 bool FileTree::makeOne(const QString& entry) const
 {
-    const int arrow = entry.indexOf(QLatin1String("->"));
-    const int equals = entry.indexOf(QLatin1Char('='));
+    const auto arrow = entry.indexOf(QLatin1String("->"));
+    const auto equals = entry.indexOf(QLatin1Char('='));
     if (arrow > 0) {
         const QString link = path(entry.left(arrow));
         const QByteArray target = QFile::encodeName(entry.mid(arrow + 2));

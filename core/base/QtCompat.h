@@ -1,0 +1,62 @@
+#ifndef TLXCORE_QTCOMPAT_H
+#define TLXCORE_QTCOMPAT_H
+
+#include <QMap>
+
+/// What Qt 5 and Qt 6 have under different names. The same interface is built with both.
+namespace NQtCompat {
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+
+/// What qHash() takes and returns.
+using THash = size_t;
+
+/**
+ * @brief A map that may hold several entries under a key, as Qt 5's QMap: Qt 6 has a class of its own for that.
+ *
+ * insert() replaces the first entry of the key, insertMulti() puts an entry in front of them.
+ */
+template <typename Key, typename Value>
+class TMap : public QMultiMap<Key, Value>
+{
+    using Base = QMultiMap<Key, Value>;
+
+public:
+    using typename Base::const_iterator;
+    using typename Base::iterator;
+
+    TMap() = default;
+    TMap(const Base& other)
+        : Base(other)
+    {}
+    TMap(std::initializer_list<std::pair<Key, Value>> entries)
+    {
+        for (const auto& entry : entries) {
+            insert(entry.first, entry.second);
+        }
+    }
+
+    iterator insert(const Key& key, const Value& value) { return Base::replace(key, value); }
+    iterator insertMulti(const Key& key, const Value& value) { return Base::insert(key, value); }
+
+    /// The first value of the key, a default one that is added where there is none.
+    Value& operator[](const Key& key)
+    {
+        const iterator found = this->find(key);
+        return found != this->end() ? found.value() : Base::insert(key, Value()).value();
+    }
+    Value operator[](const Key& key) const { return this->value(key); }
+};
+
+#else
+
+using THash = uint;
+
+template <typename Key, typename Value>
+using TMap = QMap<Key, Value>;
+
+#endif
+
+} // namespace NQtCompat
+
+#endif // TLXCORE_QTCOMPAT_H
