@@ -39,4 +39,26 @@ build_preset() {
 # The folder for what later runs reuse, outside the tree.
 cache_dir() { printf '%s\n' "${TLXCORE_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/tlxcore}"; }
 
+# The Debian sources of this machine as lines of a list, for an apt with an index of its own: debian_sources deb|deb-src
+debian_sources() {
+    local targets=(apt-get indextargets --format '$(REPO_URI) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' 'Origin: Debian')
+    [ -n "$("${targets[@]}")" ] || as_root apt-get update -qq >&2
+    "${targets[@]}" | sort -u | sed "s|^|$1 [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] |" | grep . ||
+        die "apt knows no Debian package source"
+}
+
+# Qt Test's own sums over all programs of a build folder's last run: passed, failed or skipped functions with their rows.
+sum_of() {
+    sed -nE "s/^Totals: .*\b([0-9]+) $1,.*/\1/p" "$2/Testing/Temporary/LastTest.log" | awk '{ sum += $1 } END { print sum + 0 }'
+}
+
+# What that run did, what it skipped and why; a run without a test is an error.
+print_totals() {
+    local log="$1/Testing/Temporary/LastTest.log"
+    grep -A1 '^SKIP ' "$log" || true
+    echo "$(grep -cE '^[0-9]+/[0-9]+ Test: ' "$log") test programs and checks: $(sum_of passed "$1") functions and" \
+        "rows passed, $(sum_of skipped "$1") skipped, $SECONDS seconds"
+    [ "$(sum_of passed "$1")" -gt 0 ] || die "no test ran"
+}
+
 die() { printf 'error: %s\n' "$*" >&2; exit 1; }
