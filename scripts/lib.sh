@@ -15,7 +15,7 @@ need_packages() {
     [ ${#missing[@]} -eq 0 ] && return 0
     say "installing missing packages: ${missing[*]}"
     as_root apt-get update -qq
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq -o DPkg::Lock::Timeout=600 --no-install-recommends "${missing[@]}" >/dev/null
 }
 
 BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev)
