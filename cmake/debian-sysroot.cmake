@@ -1,5 +1,6 @@
 # Toolchain: Linux on another processor, from Debian. scripts/test-processor sets the variables of the environment:
-# TLXCORE_TRIPLET names the compiler, TLXCORE_SYSROOT the folder that scripts/build-sysroot made.
+# TLXCORE_TRIPLET names the compiler, TLXCORE_SYSROOT the folder that scripts/build-sysroot made, TLXCORE_EXTRA_OBJECT an
+# object file that every program is linked with, if any.
 
 set(CMAKE_SYSTEM_NAME Linux)
 string(REGEX REPLACE "-.*" "" CMAKE_SYSTEM_PROCESSOR "$ENV{TLXCORE_TRIPLET}")
@@ -18,7 +19,7 @@ list(TRANSFORM _libraries PREPEND "${CMAKE_SYSROOT}/")
 file(GLOB _loader "${CMAKE_SYSROOT}/lib/ld-linux*.so.*" "${CMAKE_SYSROOT}/lib/ld64.so.*")
 list(GET _loader 0 _loader)
 list(JOIN _libraries ":" _path)
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-Wl,--disable-new-dtags,-rpath,${_path},--dynamic-linker,${_loader}")
+set(CMAKE_EXE_LINKER_FLAGS_INIT "$ENV{TLXCORE_EXTRA_OBJECT} -Wl,--disable-new-dtags,-rpath,${_path},--dynamic-linker,${_loader}")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-Wl,--disable-new-dtags,-rpath,${_path}")
 foreach(_folder IN LISTS _libraries)
     string(APPEND CMAKE_EXE_LINKER_FLAGS_INIT " -Wl,-rpath-link,${_folder}")

@@ -39,6 +39,15 @@ QString withBytes(const QString& prefix, const QByteArray& bytes)
     return prefix + QString::fromLatin1(bytes.toHex());
 }
 
+// Each code unit low byte first, whatever the byte order of the machine.
+QString withCodeUnits(const QString& prefix, const QByteArray& units)
+{
+    QByteArray bytes(units.size(), Qt::Uninitialized);
+    qToLittleEndian<quint16>(units.constData(), units.size() / static_cast<int>(sizeof(quint16)),
+                             bytes.data());
+    return withBytes(prefix, bytes);
+}
+
 } // namespace
 
 QBitArray CVariant::toBitArray() const
@@ -106,7 +115,7 @@ QString CVariant::toHex(const QString& prefix) const
         } else if constexpr (IS_BYTES<T>) {
             return withBytes(prefix, mValue.toByteArray());
         } else if constexpr (IS_FIXED_STRING<T>) {
-            return withBytes(prefix, this->operator T().byteArray());
+            return withCodeUnits(prefix, this->operator T().byteArray());
         } else {
             return prefix;
         }
