@@ -107,35 +107,36 @@ def copy_tree():
             old.unlink()
 
 
-def build(preset, targets=()):
-    """Builds everything, or the named targets only; the compiler's output when it fails."""
-    if not (SOURCE / "build" / preset / "build.ninja").exists():
-        # The tests need not be linked again for a library that has the same names.
-        result = run(["cmake", "--preset", preset, "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"], cwd=SOURCE)
-        if result.returncode:
-            return result.stdout
-    result = run(["cmake", "--build", "--preset", preset, "-j", JOBS, "--target", *(targets or ["all"])], cwd=SOURCE)
+def configure(preset):
+    """What CMake says when it fails. The tests need not be linked again for a library that has the same names."""
+    result = run(["cmake", "--preset", preset, "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"], cwd=SOURCE)
+    return result.stdout if result.returncode else ""
+
+
+def build(preset, targets):
+    """Builds the targets; the compiler's output when it fails."""
+    result = run(["cmake", "--build", "--preset", preset, "-j", JOBS, "--target", *targets], cwd=SOURCE)
     return result.stdout if result.returncode else ""
 
 
 def tests_of(folder):
-    """(name, room, command, working folder) of every test program."""
+    """(name, room, program, working folder) of every test program, built or not."""
     listed = json.loads(run(["ctest", "--test-dir", folder, "--show-only=json-v1"]).stdout)
     for test in listed["tests"]:
         place = next(p["value"] for p in test["properties"] if p["name"] == "WORKING_DIRECTORY")
         if test["name"].startswith("tst_"):
-            yield test["name"], pathlib.Path(place).name, test["command"], place
+            yield test["name"], pathlib.Path(place).name, f"{place}/{test['name']}", place
 
 
 def run_test(test, limit):
-    name, _, command, place = test
+    name, _, program, place = test
 
     def confine():
         if PRESETS[1] not in place:
             resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
 
     started = time.monotonic()
-    process = subprocess.Popen(SANDBOX + ["--chdir", place, "--"] + command, stdout=subprocess.DEVNULL,
+    process = subprocess.Popen(SANDBOX + ["--chdir", place, "--", program], stdout=subprocess.DEVNULL,
                                stderr=subprocess.DEVNULL, preexec_fn=confine, start_new_session=True)
     try:
         failed = process.wait(limit) != 0
@@ -171,12 +172,13 @@ def measured_limits(tests):
 class Bench:
     """One build of the tree, its tests and the time that each may take."""
 
-    def __init__(self, preset):
+    def __init__(self, preset, room):
         self.preset = preset
-        said = build(preset)
+        said = configure(preset)
+        every = [test for test in tests_of(SOURCE / "build" / preset) if room in ("", test[1])] if not said else []
+        said = said or build(preset, ["tlxCore"] + [test[0] for test in every])
         if said:
             sys.exit(said)
-        every = list(tests_of(SOURCE / "build" / preset))
         self.limits = measured_limits(every)
         self.tests = [test for test in every if test[0] in self.limits]
 
@@ -227,12 +229,12 @@ def try_mutants(bench, mutants, count):
     return survivors, tried
 
 
-def sanitized(survivors):
+def sanitized(survivors, only_room):
     """Those survivors that the sanitizers do not notice either."""
     if not survivors:
         return []
     print("\nsurvivors under AddressSanitizer and UndefinedBehaviorSanitizer", flush=True)
-    bench = Bench(PRESETS[1])
+    bench = Bench(PRESETS[1], only_room)
     left = []
     for mutant in survivors:
         killer = with_mutant(mutant, lambda: bench.killer(mutant, room_only=True))
@@ -247,25 +249,28 @@ def listed_as_equivalent():
     return lambda mutant: f"`{mutant['after']}`" in text
 
 
-def chosen(arguments):
+def chosen(arguments, room):
     """The mutants to try, in order, and how many of them."""
+    mutants = [m for m in all_mutants() if m["file"].is_relative_to(SOURCE / "core" / room)]
     if arguments[:1] == ["--only"] and len(arguments) == 2:
         file, _, line = arguments[1].partition(":")
-        mutants = [m for m in all_mutants() if m["file"] == SOURCE / file and line in ("", str(m["line"]))]
+        mutants = [m for m in mutants if m["file"] == SOURCE / file and line in ("", str(m["line"]))]
         return mutants, len(mutants)
     count, seed = (int(argument) for argument in (arguments + ["50", "1"][len(arguments):]))
-    mutants = list(all_mutants())
     random.Random(seed).shuffle(mutants)
     return mutants, count
 
 
 def main():
+    arguments, room = sys.argv[1:], ""
+    if arguments[:1] == ["--room"] and len(arguments) > 1:
+        room, arguments = arguments[1], arguments[2:]
     copy_tree()
-    bench = Bench(PRESETS[0])
-    mutants, count = chosen(sys.argv[1:])
+    bench = Bench(PRESETS[0], room)
+    mutants, count = chosen(arguments, room)
     print(f"{len(mutants)} places; {len(bench.tests)} test programs", flush=True)
     survivors, tried = try_mutants(bench, mutants, count)
-    left = sanitized(survivors)
+    left = sanitized(survivors, room)
     is_listed = listed_as_equivalent()
     equivalent = [mutant for mutant in left if is_listed(mutant)]
     unknown = [mutant for mutant in left if not is_listed(mutant)]
