@@ -315,7 +315,7 @@ void tst_CTarData::endlessSizeReservesNothing()
     QCOMPARE(tar.count(), 1);
     QFile pages(QStringLiteral("/proc/self/statm"));
     QVERIFY(pages.open(QIODevice::ReadOnly));
-    const rlim_t used = pages.readAll().split(' ').constFirst().toULongLong() * 4096;
+    const auto used = static_cast<rlim_t>(pages.readAll().split(' ').constFirst().toULongLong() * 4096);
     rlimit before;
     QCOMPARE(getrlimit(RLIMIT_AS, &before), 0);
     rlimit tight = before;
