@@ -90,7 +90,7 @@ uint TarIndex::hashOf(const QString& name) const
     const QChar* unit = name.constData();
     const quint64* key = mKeys.constData();
     quint64 sum = 0;
-    for (int left = name.size(); left > 1; left -= 2, unit += 2) {
+    for (auto left = name.size(); left > 1; left -= 2, unit += 2) {
         sum += *key++ * (unit[0].unicode() + (static_cast<quint64>(unit[1].unicode()) << 16));
     }
     sum += *key * (name.size() % 2 != 0 ? unit->unicode() : 0U);

@@ -56,7 +56,7 @@ void read(QDataStream& stream, unsigned short* data, int units)
     }
 }
 
-uint hash(const unsigned short* data, int units, uint seed)
+NQtCompat::THash hash(const unsigned short* data, int units, NQtCompat::THash seed)
 {
     return qHashBits(data, static_cast<std::size_t>(byteCount(units)), seed);
 }

@@ -1,6 +1,7 @@
 #ifndef TLXCORE_CFIXEDSTRING_H
 #define TLXCORE_CFIXEDSTRING_H
 
+#include <core/base/QtCompat.h>
 #include <core/tlxCoreExport.h>
 
 #include <QByteArray>
@@ -23,7 +24,7 @@ TLXCORE_EXPORT QString text(const unsigned short* data, int units);
 TLXCORE_EXPORT void write(QDataStream& stream, const unsigned short* data, int units);
 TLXCORE_EXPORT void read(QDataStream& stream, unsigned short* data, int units);
 
-TLXCORE_EXPORT uint hash(const unsigned short* data, int units, uint seed);
+TLXCORE_EXPORT NQtCompat::THash hash(const unsigned short* data, int units, NQtCompat::THash seed);
 TLXCORE_EXPORT void show(QDebug& debug, const char* name, const unsigned short* data, int units);
 
 } // namespace NFixedString
@@ -62,7 +63,7 @@ public:
     CFixedString(const QByteArray& bytes)
         : CFixedString()
     {
-        const int size = bytes.size() < BYTES ? bytes.size() : BYTES;
+        const int size = bytes.size() < BYTES ? static_cast<int>(bytes.size()) : BYTES;
         std::memcpy(mBlock->units, bytes.constData(), static_cast<std::size_t>(size));
     }
 
@@ -119,7 +120,7 @@ public:
     }
 
     /// Hash of all N units.
-    friend uint qHash(const Derived& value, uint seed = 0)
+    friend NQtCompat::THash qHash(const Derived& value, NQtCompat::THash seed = 0)
     {
         return NFixedString::hash(value.units(), N, seed);
     }
@@ -142,7 +143,7 @@ protected:
     /// Writes the text and its terminator; what stands behind keeps.
     void assign(const QString& text)
     {
-        const int length = text.size() < N ? text.size() : N;
+        const int length = text.size() < N ? static_cast<int>(text.size()) : N;
         SBlock* const block = mBlock.data();
         Q_ASSUME(block != nullptr);
         unsigned short* const target = block->units;

@@ -1,5 +1,6 @@
 #include <core/types/CVariant.h>
 
+#include <core/base/QtVariant.h>
 #include <core/types/MetaTypes.h>
 
 CVariant::CVariant(char value)
@@ -142,7 +143,7 @@ QVariant CVariant::defaultValue(NTypes::ETypes type) const
             return 0; // only the tag says how wide it is
         } else {
             const T value = T();
-            return QVariant(NMetaTypes::idOf<T>(), &value);
+            return NQtVariant::make(NMetaTypes::idOf<T>(), &value);
         }
     });
 }

@@ -1,6 +1,7 @@
 #ifndef TLXCORE_CVARIANT_H
 #define TLXCORE_CVARIANT_H
 
+#include <core/base/QtCompat.h>
 #include <core/tlxCoreExport.h>
 #include <core/types/CString128.h>
 #include <core/types/CString32.h>
@@ -61,19 +62,19 @@ public:
         other.mType = NTypes::TYPE_UNKNOWN;
     }
     CVariant(signed char value)
-        : mValue(QMetaType::SChar, &value)
+        : mValue(QVariant::fromValue(value))
         , mType(NTypes::TYPE_I8)
     {}
     CVariant(unsigned char value)
-        : mValue(QMetaType::UChar, &value)
+        : mValue(QVariant::fromValue(value))
         , mType(NTypes::TYPE_U8)
     {}
     CVariant(short value)
-        : mValue(QMetaType::Short, &value)
+        : mValue(QVariant::fromValue(value))
         , mType(NTypes::TYPE_I16)
     {}
     CVariant(unsigned short value)
-        : mValue(QMetaType::UShort, &value)
+        : mValue(QVariant::fromValue(value))
         , mType(NTypes::TYPE_U16)
     {}
     CVariant(int value)
@@ -193,7 +194,7 @@ public:
     NTypes::ETypes type() const { return mType; }
 
     /// True when the payload is a null QVariant or the tag is "UNKNOWN".
-    bool isNull() const { return mType == NTypes::TYPE_UNKNOWN || mValue.isNull(); }
+    bool isNull() const;
 
     /// True when there is a payload and the tag is not "UNKNOWN".
     bool isValid() const { return mType != NTypes::TYPE_UNKNOWN && mValue.isValid(); }
@@ -363,7 +364,7 @@ public:
 private:
     friend TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CVariant& value);
     friend TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CVariant& value);
-    friend TLXCORE_EXPORT uint qHash(const CVariant& value, uint seed);
+    friend TLXCORE_EXPORT NQtCompat::THash qHash(const CVariant& value, NQtCompat::THash seed);
     friend TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CVariant& value);
 
     // In place when the payload holds a value of the same Qt type that is not shared.
@@ -398,7 +399,7 @@ TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CVariant& valu
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CVariant& value);
 
 /// Consistent with operator==; floats, whose comparison is fuzzy, hash by their type alone.
-TLXCORE_EXPORT uint qHash(const CVariant& value, uint seed = 0);
+TLXCORE_EXPORT NQtCompat::THash qHash(const CVariant& value, NQtCompat::THash seed = 0);
 
 /// Shows the type's name and the value's text.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CVariant& value);

@@ -71,7 +71,8 @@ CVariant CVariant::fromBitArray(const QBitArray& bits, NTypes::ETypes type)
         using T = typename decltype(payload)::Type;
         if constexpr (IS_INTEGER<T>) {
             quint64 value = 0;
-            const int count = std::min(bits.size(), BITS_PER_BYTE * int(sizeof(T)));
+            const int count =
+                static_cast<int>(std::min<qsizetype>(bits.size(), BITS_PER_BYTE * int(sizeof(T))));
             for (int i = 0; i < count; ++i) {
                 value |= static_cast<quint64>(bits.testBit(i)) << i;
             }

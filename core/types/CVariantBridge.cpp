@@ -1,5 +1,6 @@
 #include <core/types/CVariant.h>
 
+#include <core/base/QtVariant.h>
 #include <core/types/VariantPayload.h>
 #include <core/types/VariantStream.h>
 
@@ -80,9 +81,9 @@ CVariant& CVariant::operator=(const QVariant& value)
     case QMetaType::Char:
         return *this = as<char>(value);
     case QMetaType::QString:
-        return *this = sizedText(value.toString(), value.toByteArray().size());
+        return *this = sizedText(NQtVariant::toString(value), static_cast<int>(value.toByteArray().size()));
     case QMetaType::QByteArray:
-        return *this = sizedText(value.toByteArray(), value.toByteArray().size());
+        return *this = sizedText(value.toByteArray(), static_cast<int>(value.toByteArray().size()));
     default:
         break;
     }
@@ -148,7 +149,7 @@ QDataStream& operator>>(QDataStream& stream, CVariant& value)
     return stream;
 }
 
-uint qHash(const CVariant& value, uint seed)
+NQtCompat::THash qHash(const CVariant& value, NQtCompat::THash seed)
 {
     const quint32 tag = value.mType;
     return visitType(value.mType, [&](auto payload) {

@@ -1,6 +1,7 @@
 #include <core/types/CVariant.h>
 
 #include <core/base/FloatToInteger.h>
+#include <core/base/QtVariant.h>
 #include <core/types/TypeTable.h>
 #include <core/types/VariantPayload.h>
 
@@ -39,7 +40,7 @@ bool canConvertToNumber(const QVariant& payload, NTypes::ETypes target)
             break;
         }
     }
-    return payload.canConvert(NMetaTypes::metaTypeOf(target));
+    return NQtVariant::canConvert(payload, NMetaTypes::metaTypeOf(target));
 }
 
 template <typename To, typename From>
@@ -53,6 +54,11 @@ To converted(From value)
 }
 
 } // namespace
+
+bool CVariant::isNull() const
+{
+    return mType == NTypes::TYPE_UNKNOWN || NQtVariant::isNull(mValue);
+}
 
 bool CVariant::canConvertTo(NTypes::ETypes type) const
 {
@@ -93,13 +99,15 @@ T CVariant::toNumber(NTypes::ETypes target, bool* ok) const
         const bool wide = info.width == 8;
         switch (info.kind) {
         case EKind::Unsigned:
-            number = wide ? converted<T>(mValue.toULongLong(&done)) : converted<T>(mValue.toUInt(&done));
+            number = wide ? converted<T>(NQtVariant::toULongLong(mValue, &done))
+                          : converted<T>(NQtVariant::toUInt(mValue, &done));
             break;
         case EKind::Signed:
-            number = wide ? converted<T>(mValue.toLongLong(&done)) : converted<T>(mValue.toInt(&done));
+            number = wide ? converted<T>(NQtVariant::toLongLong(mValue, &done))
+                          : converted<T>(NQtVariant::toInt(mValue, &done));
             break;
         case EKind::Float:
-            number = converted<T>(mValue.toDouble(&done));
+            number = converted<T>(NQtVariant::toDouble(mValue, &done));
             break;
         case EKind::DateTime:
             number = converted<T>(NVariantPayload::packedDateTime(mValue, &done));
@@ -225,7 +233,8 @@ bool CVariant::toBytes(char* dest, int size, int terminator) const
     }
     const QByteArray bytes = NVariantPayload::as<QByteArray>(mValue);
     std::memset(dest, 0, static_cast<std::size_t>(size));
-    std::memcpy(dest, bytes.constData(), static_cast<std::size_t>(std::min(bytes.size(), size - terminator)));
+    std::memcpy(dest, bytes.constData(),
+                static_cast<std::size_t>(std::min<qsizetype>(bytes.size(), size - terminator)));
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <core/base/Digits.h>
 #include <core/base/QtReady.h>
+#include <core/base/QtVariant.h>
 #include <core/types/TypeTable.h>
 #include <core/types/VariantPayload.h>
 
@@ -114,7 +115,7 @@ QString CVariant::toStr() const
         } else if constexpr (IS_DATE_TIME<T>) {
             return dateTimeText(mValue);
         } else {
-            return mValue.toString();
+            return NQtVariant::toString(mValue);
         }
     });
 }

@@ -1,6 +1,7 @@
 #ifndef TLXCORE_METATYPES_H
 #define TLXCORE_METATYPES_H
 
+#include <core/base/QtStreams.h>
 #include <core/types/TypeTable.h>
 
 #include <QMetaType>
@@ -18,8 +19,7 @@ int idOf()
         static std::atomic<int> known{QMetaType::UnknownType};
         int id = known.load(std::memory_order_acquire);
         if (id == QMetaType::UnknownType) {
-            id = qMetaTypeId<T>();
-            qRegisterMetaTypeStreamOperators<T>(QMetaType::typeName(id));
+            id = NQtCompat::registerWithStream<T>();
             known.store(id, std::memory_order_release);
         }
         return id;

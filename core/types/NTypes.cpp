@@ -16,17 +16,17 @@ static_assert(std::is_trivial<tsDate>::value && std::is_trivial<tsTime>::value
                   && std::is_trivial<tsDateTime>::value && std::is_standard_layout<tsDateTime>::value,
               "the records are copied by their bytes");
 
-uint qHash(const tsDate& value, uint seed)
+NQtCompat::THash qHash(const tsDate& value, NQtCompat::THash seed)
 {
     return qHash(tsDateTime{{}, value}, seed);
 }
 
-uint qHash(const tsTime& value, uint seed)
+NQtCompat::THash qHash(const tsTime& value, NQtCompat::THash seed)
 {
     return qHash(tsDateTime{value, {}}, seed);
 }
 
-uint qHash(const tsDateTime& value, uint seed)
+NQtCompat::THash qHash(const tsDateTime& value, NQtCompat::THash seed)
 {
     return ::qHash(NPackedDateTime::pack(value), seed);
 }

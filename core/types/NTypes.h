@@ -1,6 +1,7 @@
 #ifndef TLXCORE_NTYPES_H
 #define TLXCORE_NTYPES_H
 
+#include <core/base/QtCompat.h>
 #include <core/tlxCoreExport.h>
 
 #include <QMetaType>
@@ -111,9 +112,9 @@ constexpr bool operator!=(const tsDateTime& left, const tsDateTime& right)
 /// @{
 
 /// Over all fields.
-TLXCORE_EXPORT uint qHash(const tsDate& value, uint seed = 0);
-TLXCORE_EXPORT uint qHash(const tsTime& value, uint seed = 0);
-TLXCORE_EXPORT uint qHash(const tsDateTime& value, uint seed = 0);
+TLXCORE_EXPORT NQtCompat::THash qHash(const tsDate& value, NQtCompat::THash seed = 0);
+TLXCORE_EXPORT NQtCompat::THash qHash(const tsTime& value, NQtCompat::THash seed = 0);
+TLXCORE_EXPORT NQtCompat::THash qHash(const tsDateTime& value, NQtCompat::THash seed = 0);
 /// @}
 
 /// @name Debug output

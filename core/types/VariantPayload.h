@@ -1,6 +1,7 @@
 #ifndef TLXCORE_VARIANTPAYLOAD_H
 #define TLXCORE_VARIANTPAYLOAD_H
 
+#include <core/base/QtVariant.h>
 #include <core/types/MetaTypes.h>
 #include <core/types/PackedDateTime.h>
 
@@ -28,7 +29,7 @@ T as(const QVariant& payload, bool* ok = nullptr)
         return *own;
     }
     QVariant copy = payload;
-    const bool done = copy.convert(NMetaTypes::idOf<T>());
+    const bool done = NQtVariant::convert(copy, NMetaTypes::idOf<T>());
     if (ok) {
         *ok = done;
     }

@@ -6,6 +6,7 @@
 
 #include <QDataStream>
 #include <QDateTime>
+#include <QIODevice>
 #include <QtEndian>
 
 #include <algorithm>
@@ -67,7 +68,7 @@ quint32 readUserType(QDataStream& stream)
     }
     for (quint32 type = 0; type < NTypeTable::TYPE_COUNT; ++type) {
         const int metaType = NMetaTypes::metaTypeOf(static_cast<NTypes::ETypes>(type));
-        if (metaType >= QMetaType::User && std::strcmp(name, QMetaType::typeName(metaType)) == 0) {
+        if (metaType >= QMetaType::User && std::strcmp(name, NQtVariant::typeName(metaType)) == 0) {
             return static_cast<quint32>(metaType);
         }
     }
@@ -78,7 +79,7 @@ quint32 readUserType(QDataStream& stream)
 quint32 readType(QDataStream& stream, const SHead& head)
 {
     const quint32 type = typeNumber(head.number, stream.version());
-    if (type == QMetaType::User) {
+    if (type == USER_TYPE) {
         return readUserType(stream);
     }
     return isPlain(type) ? type : REFUSED;
@@ -108,7 +109,7 @@ bool readBytes(QDataStream& stream, QByteArray& bytes)
     }
     const int size = static_cast<int>(length);
     bytes = QByteArray(std::min(STEP, size), Qt::Uninitialized);
-    int count = size > 0 ? stream.readRawData(bytes.data(), bytes.size()) : 0;
+    int count = size > 0 ? stream.readRawData(bytes.data(), static_cast<int>(bytes.size())) : 0;
     while (count == bytes.size() && count < size) {
         const int step = std::min(STEP, size - count);
         bytes.resize(count + step);
@@ -128,7 +129,7 @@ bool readValue(QDataStream& stream, int type, void* value)
     case QMetaType::QDateTime:
         return NDateTimeStream::read(stream, *static_cast<QDateTime*>(value));
     default:
-        return QMetaType::load(stream, type, value);
+        return NQtVariant::load(stream, type, value);
     }
 }
 
@@ -170,7 +171,7 @@ void readNumber(QDataStream& stream, int type, int size, QVariant& payload, qint
         std::fill(bytes, bytes + size, '\0');
     }
     orderBytes(stream, bytes, bytes + size);
-    payload = QVariant(type, bytes);
+    payload = NQtVariant::make(type, bytes);
 }
 
 // Head, number and tag in one access to the device.
@@ -217,7 +218,7 @@ bool readChecked(QDataStream& stream, QVariant& payload, qint32& tag)
         readNumber(stream, type, size, payload, tag);
         return true;
     } else {
-        payload = QVariant(type, nullptr);
+        payload = NQtVariant::make(type, nullptr);
         if (!readValue(stream, type, payload.data())) {
             return false;
         }

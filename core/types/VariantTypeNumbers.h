@@ -1,6 +1,8 @@
 #ifndef TLXCORE_VARIANTTYPENUMBERS_H
 #define TLXCORE_VARIANTTYPENUMBERS_H
 
+#include <core/base/QtVariant.h>
+
 #include <QDataStream>
 #include <QMetaType>
 
@@ -10,6 +12,8 @@
 namespace NVariantStream {
 
 constexpr quint32 REFUSED = ~quint32(0);
+
+using NQtVariant::USER_TYPE;
 
 struct STypeNumbers
 {
@@ -26,6 +30,8 @@ constexpr STypeNumbers QT3_NUMBERS[] = {
 
 // Qt 4 kept void* to signed char, which follow QUuid today, from 128 on, and user types at 127.
 constexpr quint32 QT4_USER = 127;
+// Qt 6 numbers user types from here on, in the streams of its own versions.
+constexpr quint32 QT6_USER = 65536;
 constexpr quint32 QT4_FIRST_EXTENDED = 128;
 constexpr quint32 QT4_LAST_EXTENDED = 137;
 constexpr quint32 QT4_SHIFT = QT4_FIRST_EXTENDED - QMetaType::VoidStar;
@@ -43,7 +49,7 @@ constexpr quint32 fromQt3(quint32 number)
 constexpr quint32 fromQt4(quint32 number)
 {
     if (number == QT4_USER) {
-        return QMetaType::User;
+        return USER_TYPE;
     }
     if (number >= QT4_FIRST_EXTENDED && number <= QT4_LAST_EXTENDED) {
         return number - QT4_SHIFT;
@@ -57,7 +63,10 @@ constexpr quint32 typeNumber(quint32 number, int version)
     if (version < QDataStream::Qt_4_0) {
         return fromQt3(number);
     }
-    return version < QDataStream::Qt_5_0 ? fromQt4(number) : number;
+    if (version < QDataStream::Qt_5_0) {
+        return fromQt4(number);
+    }
+    return number == QT6_USER ? USER_TYPE : number;
 }
 
 // Which of the first 64 types of Qt are in the list, a bit each.

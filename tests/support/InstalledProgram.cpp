@@ -55,7 +55,7 @@ QMap<QString, QString> InstalledProgram::run(const QStringList& arguments, const
     const QString output = QString::fromUtf8(process.readAllStandardOutput());
     const QStringList lines = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (const QString& line : lines) {
-        const int tabulator = line.indexOf(QLatin1Char('\t'));
+        const auto tabulator = line.indexOf(QLatin1Char('\t'));
         answers.insert(line.left(tabulator), line.mid(tabulator + 1).remove(QLatin1Char('\r')));
     }
     return answers;
