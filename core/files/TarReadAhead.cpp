@@ -24,7 +24,8 @@ qint64 TarReadAhead::read(qint64 pos)
     const bool isBuffered = pos >= mStart && pos - mStart <= mFilled - BLOCK;
     if (!isBuffered) {
         const bool isNear = mLastPos >= 0 && pos - mLastPos <= NEAR;
-        const qint64 wanted = isNear ? READ_AHEAD : BLOCK;
+        // Not more than the file holds; some file systems do not know how large a file is.
+        const qint64 wanted = isNear ? qBound(NEAR, mFile.size() - pos, READ_AHEAD) : BLOCK;
         mBuffer.resize(std::max(mBuffer.size(), static_cast<std::size_t>(wanted)));
         mStart = pos;
         mFilled = NPlatform::readAt(mFile, pos, mBuffer.data(), wanted);
