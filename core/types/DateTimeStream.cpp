@@ -94,7 +94,10 @@ bool readAtVersion(QDataStream& stream, QDateTime& dateTime)
     if (version == QDataStream::Qt_5_0) {
         const bool known = fields.spec >= Qt::LocalTime && fields.spec <= Qt::TimeZone;
         dateTime = QDateTime(fields.date, fields.time, Qt::UTC);
-        dateTime = known ? dateTime.toTimeSpec(static_cast<Qt::TimeSpec>(fields.spec)) : QDateTime();
+        // There is no zone to go with one: Qt 5 takes local time, Qt 6 does so with a warning.
+        const auto written = static_cast<Qt::TimeSpec>(fields.spec);
+        const Qt::TimeSpec spec = written == Qt::TimeZone ? Qt::LocalTime : written;
+        dateTime = known ? dateTime.toTimeSpec(spec) : QDateTime();
         return known;
     }
     const bool utc = version >= QDataStream::Qt_4_0 && (fields.spec == QT4_UTC || fields.spec == QT4_OFFSET);
