@@ -25,10 +25,13 @@ public:
     using typename Base::const_iterator;
     using typename Base::iterator;
 
+    /// An empty map.
     TMap() = default;
+    /// Takes every entry.
     TMap(const Base& other)
         : Base(other)
     {}
+    /// Inserts one entry after the other.
     TMap(std::initializer_list<std::pair<Key, Value>> entries)
     {
         for (const auto& entry : entries) {
@@ -36,7 +39,9 @@ public:
         }
     }
 
+    /// Replaces the first entry of the key, or adds one.
     iterator insert(const Key& key, const Value& value) { return Base::replace(key, value); }
+    /// Adds an entry in front of those of the key.
     iterator insertMulti(const Key& key, const Value& value) { return Base::insert(key, value); }
 
     /// The first value of the key, a default one that is added where there is none.
@@ -45,6 +50,7 @@ public:
         const iterator found = this->find(key);
         return found != this->end() ? found.value() : Base::insert(key, Value()).value();
     }
+    /// The first value of the key, or a default one.
     Value operator[](const Key& key) const { return this->value(key); }
 };
 

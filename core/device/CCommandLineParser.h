@@ -34,7 +34,9 @@ public:
     /// Takes the arguments of a list, the first one included. A null pointer is an empty list.
     explicit CCommandLineParser(QStringList* list);
 
+    /// Copies the arguments.
     CCommandLineParser(const CCommandLineParser& other) noexcept;
+    /// Copies the arguments.
     CCommandLineParser& operator=(const CCommandLineParser& other) noexcept;
     virtual ~CCommandLineParser();
 
