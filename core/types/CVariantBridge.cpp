@@ -55,7 +55,7 @@ bool ordered(const CVariant& left, const CVariant& right, Compare compare)
         } else if constexpr (IS_INTEGER<T> || IS_DATE_TIME<T>) {
             return compare(left.toI64(), right.toI64());
         } else if constexpr (IS_FLOAT<T>) {
-            return compare(left.operator T(), right.operator T());
+            return compare(static_cast<T>(left), static_cast<T>(right));
         } else {
             return compare(left.toStr(), right.toStr());
         }
@@ -116,7 +116,7 @@ bool CVariant::operator==(const CVariant& other) const
             const T* const right = exact<T>(other.mValue);
             if constexpr (IS_FLOAT<T>) {
                 return left && right ? fuzzyEqual(*left, *right)
-                                     : fuzzyEqual(this->operator T(), other.operator T());
+                                     : fuzzyEqual(static_cast<T>(*this), static_cast<T>(other));
             } else {
                 // Equal payloads are equal values. Others may be, too: numbers of another form, texts up to their zero.
                 return (left && right && *left == *right) || ordered(*this, other, std::equal_to<>());
