@@ -140,7 +140,7 @@ protected:
         return *this;
     }
 
-    /// Writes the text and its terminator; what stands behind keeps.
+    /// Writes the text and its terminator. Units after the terminator keep their old values.
     void assign(const QString& text)
     {
         const int length = text.size() < N ? static_cast<int>(text.size()) : N;

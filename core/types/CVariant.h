@@ -26,7 +26,7 @@ class QDebug;
  * "STRINGN", a QByteArray for "CHARSTRN" and "CHAR", QChar for "UTF16CHAR" and NTypes::tsDateTime for "DATETIME".
  *
  * A variant without type is "UNKNOWN": null and not valid. Payload and tag may disagree after reading a stream or
- * setDefaultValue(); readers look at the tag first, and at the payload as what it is.
+ * setDefaultValue(); readers select by tag, then convert whatever the payload actually holds.
  *
  * Nothing here throws. A reader that fails gives 0 or an empty text and sets its flag to false; no number is checked
  * for its range, it is cut to the width of what is asked for.
@@ -44,23 +44,28 @@ class TLXCORE_EXPORT CVariant
     using TUnsignedLong = std::make_unsigned_t<TLong>;
 
 public:
-    /// @name Construction
-    /// The tag follows from the argument's type; nothing is converted or checked.
-    /// @{
+    /// Constructs an "UNKNOWN" variant without payload.
     CVariant()
         : mType(NTypes::TYPE_UNKNOWN)
     {}
+    /// Shares the payload and copies the tag.
     CVariant(const CVariant& other) noexcept
         : mValue(other.mValue)
         , mType(other.mType)
     {}
-    /// Leaves the other variant "UNKNOWN".
+    /// Takes payload and tag, and leaves the other variant "UNKNOWN".
     CVariant(CVariant&& other) noexcept
         : mValue(std::move(other.mValue))
         , mType(other.mType)
     {
         other.mType = NTypes::TYPE_UNKNOWN;
     }
+    virtual ~CVariant() = default;
+
+    /// @name Construction from a value
+    /// @{
+
+    /// Constructs a variant whose tag follows from the argument's type. Nothing is converted or checked.
     CVariant(signed char value)
         : mValue(QVariant::fromValue(value))
         , mType(NTypes::TYPE_I8)
@@ -127,27 +132,29 @@ public:
     CVariant(NTypes::ETypes type);                ///< The type's default value, see defaultValue().
     CVariant(const QVariant& value);              ///< As operator=(const QVariant&).
 
-    /// Parses the text as the static fromStr() does. What gives no value ("F80") becomes the type's default; a type
-    /// above NTypes::TYPE_CHAR leaves the variant "UNKNOWN", without a warning.
+    /// Parses the text as the static fromStr() does. A type without values ("F80") sets the tag and leaves no payload.
+    /// A type above NTypes::TYPE_CHAR leaves the variant "UNKNOWN", without a warning.
     CVariant(const QString& text, NTypes::ETypes type);
 
     /// As the static fromBitArray().
     CVariant(const QBitArray& bits, NTypes::ETypes type);
-
-    virtual ~CVariant() = default;
     /// @}
 
-    /// @name Assignment
-    /// Each replaces payload and tag as the constructor of the same argument makes them; the value is never converted
-    /// to the type that the variant had before.
-    /// @{
+    /// Shares the payload and copies the tag.
     CVariant& operator=(const CVariant& other) noexcept
     {
         mValue = other.mValue;
         mType = other.mType;
         return *this;
     }
+    /// Swaps the two variants.
     CVariant& operator=(CVariant&& other) noexcept;
+
+    /// @name Assignment of a value
+    /// @{
+
+    /// Replaces payload and tag as the constructor from the same argument sets them. The value is never converted to the
+    /// type that the variant had before.
     CVariant& operator=(signed char value) { return set(value, NTypes::TYPE_I8); }
     CVariant& operator=(unsigned char value) { return set(value, NTypes::TYPE_U8); }
     CVariant& operator=(short value) { return set(value, NTypes::TYPE_I16); }
@@ -341,13 +348,17 @@ public:
     /// A copy of the payload; the tag is lost.
     operator QVariant() const { return mValue; }
 
-    /// @name Comparison
+    /// @name Equality
     /// @{
 
-    /// Equal tags and equal values; floats are compared fuzzily (relative 1e-5 and 1e-12), texts by toStr(). Two
-    /// variants of one type without values ("UNKNOWN", "F80") are equal.
+    /// Returns true for equal tags and equal values. Floats are compared fuzzily (relative 1e-5 and 1e-12), texts by
+    /// toStr(). Two variants of one type without values ("UNKNOWN", "F80") are equal.
     bool operator==(const CVariant& other) const;
     bool operator!=(const CVariant& other) const { return !(*this == other); }
+    /// @}
+
+    /// @name Order
+    /// @{
 
     /**
      * @brief Order: the left operand's type decides how both are read; what cannot be read is 0 or an empty text.
@@ -393,9 +404,9 @@ private:
 /// Writes the payload as Qt writes a QVariant, then the tag as a signed 32-bit integer.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CVariant& value);
 
-/// Reads payload and tag, without a check that they agree. A payload that no variant has (a container, a foreign user
-/// type) sets ReadCorruptData and leaves the variant "UNKNOWN" without payload; nothing is reserved for it. After a stream
-/// that ends early, or one whose status was bad before, the variant holds what Qt's own readers leave.
+/// Reads payload and tag, without a check that they agree. A container or foreign user type is rejected before any
+/// allocation: ReadCorruptData, "UNKNOWN". After a stream that ends early, or one whose status was bad before, the variant
+/// holds what Qt's own readers leave.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CVariant& value);
 
 /// Consistent with operator==; floats, whose comparison is fuzzy, hash by their type alone.
