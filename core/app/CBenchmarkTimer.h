@@ -18,23 +18,27 @@
  * work();
  * const double us = timer.elapsed() / CBenchmarkTimer::ticksPerUs();
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref application_support
+ * @since 1.0
  */
 class TLXCORE_EXPORT CBenchmarkTimer
 {
 public:
-    /// A timer that was never started: its elapsed() is the counter itself.
+    /// Constructs a timer that was not started: elapsed() is the counter itself.
     CBenchmarkTimer() = default;
 
-    /// Keeps the current tick count as the start.
+    /// Stores the current tick count as the start.
     void start();
 
-    /// Ticks since start(), an unsigned 64-bit difference.
+    /// Returns the ticks since start(), an unsigned 64-bit difference.
     double elapsed() const;
 
-    /// The unit of elapsed(), "CPU Ticks" on every processor.
+    /// Returns the unit of elapsed(), "CPU Ticks" on every processor.
     QString unit() const;
 
-    /// Ticks per microsecond. The first call measures them, which takes 100 ms; later ones return what it found.
+    /// Returns the ticks per microsecond. The first call measures them, which takes 100 ms; later ones return what it found.
     /// Threads that call it meanwhile measure, too; the last result is kept.
     static double ticksPerUs();
 

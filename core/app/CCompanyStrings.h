@@ -13,11 +13,11 @@
  * one product each.
  *
  * The first call of any function here opens the file: the installation's own in CPath::constConfigPath() (which is
- * created when it is missing), or the one built into the library, ":/tlxCore/data/Setup.Ini". An installation's file
- * replaces the built-in one wholly. The file is read once, and the choice holds for the life of the
+ * created if missing), or the one built into the library, ":/tlxCore/data/Setup.Ini". An installation's file
+ * replaces the built-in one completely. The file is read once, and the choice holds for the life of the
  * process. Any thread may call, a message handler included; of two first calls at once each reads the file.
  *
- * What is missing reads as an empty text: a missing key, and every key of a file that is damaged or cannot be read.
+ * A missing key reads as an empty text, as does every key of a file that is damaged or cannot be read.
  *
  * An "image file" is the absolute path of the named file in CPath::imagePath(), which is created when it is missing;
  * it is empty when the key is.
@@ -25,6 +25,10 @@
  * @code
  * setWindowTitle(CCompanyStrings::getCompanyShortName() + " " + CCompanyStrings::getProductName(101));
  * @endcode
+ *
+ * Any thread may call these functions, see \ref threads.
+ * @see \ref application_support
+ * @since 1.0
  */
 class TLXCORE_EXPORT CCompanyStrings
 {
@@ -48,23 +52,23 @@ public:
     static QString getUpdateChangelogFile(); ///< Address of the change log.
     static QString getOpenSourceUrl();       ///< Web address of the open-source notices.
 
-    /// The section of product `n`: "PRODUCT12" for 12.
+    /// Returns the section of product `n`: "PRODUCT12" for 12.
     static QString productSection(int n);
 
-    /// The product's display name, or the name of its section when there is none.
+    /// Returns the product's display name, or the name of its section if it has none.
     static QString getProductName(int n);
 
-    /// The executable in CPath::binPath(), which is created when it is missing; that directory alone when none is named.
+    /// Returns the executable in CPath::binPath(), which is created if missing; that directory alone if none is named.
     static QString getProductExeFile(int n);
 
     static QString getProductSplashScreenBitmapFile(int n); ///< Image file of the splash screen.
     static QString
-    getProductEMailAddress(int n); ///< The product's mail address; the company's does not stand in.
+    getProductEMailAddress(int n); ///< The product's mail address, without fallback to the company's.
     static QString getProductUpdateVersionFile(int n);   ///< As getUpdateVersionFile(), for the product.
     static QString getProductUpdatePath(int n);          ///< As getUpdatePath(), for the product.
     static QString getProductUpdateChangelogFile(int n); ///< As getUpdateChangelogFile(), for the product.
 
-    /// The image file that `key` names, e.g. "COMPANY/Logo_16x16".
+    /// Returns the image file that `key` names, such as "COMPANY/Logo_16x16".
     static QString getImageFile(const QString& key);
 
 private:

@@ -21,6 +21,10 @@
  * const QString code = CHmac::totpStr(key, 0, 30, 6); // e.g. "042817", another one every 30 seconds
  * const bool valid = CHmac::validateTotp(code, key, 0, 30, 6, 1) == 0;
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref application_support
+ * @since 1.0
  */
 class TLXCORE_EXPORT CHmac
 {

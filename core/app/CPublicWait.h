@@ -11,6 +11,10 @@
  * @code
  * CPublicWait::msleep(20);
  * @endcode
+ *
+ * Any thread may call these functions, see \ref threads.
+ * @see \ref application_support
+ * @since 1.0
  */
 class TLXCORE_EXPORT CPublicWait : public QThread
 {

@@ -76,7 +76,7 @@ inline unsigned int valueOf(QChar codeUnit)
     return letter < 6 ? letter + 10 : 16;
 }
 
-/// Reads digits of a base up to 16; false where there is none, or another code unit among them. What exceeds 64 bits is
+/// Reads digits of a base up to 16; false for an empty text or any other code unit. Digits beyond 64 bits are
 /// lost.
 inline bool read(const QChar* begin, const QChar* end, unsigned int base, quint64& number)
 {

@@ -44,7 +44,7 @@ public:
     /// Adds an entry in front of those of the key.
     iterator insertMulti(const Key& key, const Value& value) { return Base::insert(key, value); }
 
-    /// The first value of the key, a default one that is added where there is none.
+    /// The first value of the key, or a default one, which is added.
     Value& operator[](const Key& key)
     {
         const iterator found = this->find(key);

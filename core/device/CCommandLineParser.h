@@ -24,6 +24,10 @@
  * CCommandLineParser arguments(&list);
  * arguments.port(); // 8000
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref devices
+ * @since 1.0
  */
 class TLXCORE_EXPORT CCommandLineParser
 {

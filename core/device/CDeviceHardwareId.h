@@ -34,6 +34,10 @@ class QDebug;
  * id.hardwareId();    // "A012_003_Board"
  * id.revision();      // 65535: not set
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref devices
+ * @since 1.0
  */
 class TLXCORE_EXPORT CDeviceHardwareId
 {

@@ -24,6 +24,10 @@ class QDebug;
  * item.value2 = 1;
  * item.addSubDevice(3, CSubDeviceItem(QStringLiteral("Brake")));
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref devices
+ * @since 1.0
  */
 class TLXCORE_EXPORT CDeviceItem
 {

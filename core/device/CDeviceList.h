@@ -25,6 +25,10 @@ class QDebug;
  * list.addDevice(5, item);         // the copy's number is 5
  * list.device(7).isValid();        // false: no such device
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref devices
+ * @since 1.0
  */
 class TLXCORE_EXPORT CDeviceList
 {

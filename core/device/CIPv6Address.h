@@ -29,6 +29,10 @@ class QDebug;
  * address.str();    // "fe80:0:0:0:0:0:0:1"
  * address[0];       // 0x80
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref devices
+ * @since 1.0
  */
 class TLXCORE_EXPORT CIPv6Address
 {

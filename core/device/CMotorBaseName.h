@@ -24,6 +24,10 @@ class QDebug;
  * motor.name();            // "M100"
  * motor.fileBaseName();    // "ACME_M100_1"
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref devices
+ * @since 1.0
  */
 class TLXCORE_EXPORT CMotorBaseName
 {

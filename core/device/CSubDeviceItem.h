@@ -16,6 +16,10 @@ class QDebug;
  * @code
  * item.addSubDevice(3, CSubDeviceItem(QStringLiteral("Brake")));    // its number becomes 3
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref devices
+ * @since 1.0
  */
 class TLXCORE_EXPORT CSubDeviceItem
 {

@@ -29,6 +29,10 @@
  * if (!CDir::copyFileF(download, CPath::imagePath(true) + QStringLiteral("drive.img"))) { ... }
  * const QFileInfoList motors = CDir::entryInfoList(path, {QStringLiteral("*.mot")}, NtlxGlobal::DIR_FILTER_FILES);
  * @endcode
+ *
+ * Any thread may call these functions, see \ref threads.
+ * @see \ref files_guide
+ * @since 1.0
  */
 class TLXCORE_EXPORT CDir
 {

@@ -32,6 +32,10 @@
  * const QString name = CFTPath::toString(entryPoint);                 // "TMP"
  * const QString below = CFTPath::toRelativePath(path, entryPoint);    // "trace/a.bin"
  * @endcode
+ *
+ * Any thread may call these functions, see \ref threads.
+ * @see \ref files_guide
+ * @since 1.0
  */
 class TLXCORE_EXPORT CFTPath
 {

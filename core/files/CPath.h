@@ -24,6 +24,10 @@
  * @code
  * QFile file(CPath::configPath(true) + QStringLiteral("view.ini"));
  * @endcode
+ *
+ * Any thread may call these functions, see \ref threads.
+ * @see \ref files_guide
+ * @since 1.0
  */
 class TLXCORE_EXPORT CPath
 {

@@ -37,6 +37,10 @@ class TarReadAhead;
  *     qWarning() << tar.error();
  * }
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref files_guide
+ * @since 1.0
  */
 class TLXCORE_EXPORT CTar
 {

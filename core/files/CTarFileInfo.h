@@ -20,6 +20,10 @@ class QDebug;
  * const CTarFileInfo info = tar.info(tar.index(QStringLiteral("firmware/image.bin")));
  * if (info.mType == CTarFileInfo::TYPE_FILE) { ... info.mSize ... }
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref files_guide
+ * @since 1.0
  */
 class TLXCORE_EXPORT CTarFileInfo
 {

@@ -16,6 +16,10 @@
  * const CTemporaryDir unpacked;
  * QFile image(CDir::addFileNameToPath(unpacked.path(), QStringLiteral("drive.img")));
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref files_guide
+ * @since 1.0
  */
 class TLXCORE_EXPORT CTemporaryDir
 {

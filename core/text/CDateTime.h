@@ -28,6 +28,10 @@ class QDebug;
  * made.toIsoDateTime(Qt::UTC);                         // "2024-03-05T13:07:09Z"
  * made.toI64ByteArray(Qt::UTC).toHex(' ');             // "2d 09 07 0d 05 03 e8 07"
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref numbers_and_text
+ * @since 1.0
  */
 class TLXCORE_EXPORT CDateTime
 {

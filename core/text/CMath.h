@@ -16,6 +16,10 @@
  * CMath::round(-2.5, 0);            // -3: half away from zero
  * CMath::crc32("123456789", 9);     // 0xCBF43926
  * @endcode
+ *
+ * Any thread may call these functions, see \ref threads.
+ * @see \ref numbers_and_text
+ * @since 1.0
  */
 class TLXCORE_EXPORT CMath
 {

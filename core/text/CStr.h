@@ -30,6 +30,10 @@ class QDataStream;
  * CStr::strToI16(short(-1), QStringLiteral("0x10"));      // -1: this form reads base 10 only
  * CStr::revisionToString(0x00010005U);                    // "1.005"
  * @endcode
+ *
+ * Any thread may call these functions, see \ref threads.
+ * @see \ref numbers_and_text
+ * @since 1.0
  */
 class TLXCORE_EXPORT CStr
 {

@@ -28,6 +28,10 @@ class QDebug;
  * period.value(CTime::UNIT_US);                        // 1500000
  * period == CTime(1500000000, CTime::UNIT_NS);         // true
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref numbers_and_text
+ * @since 1.0
  */
 class TLXCORE_EXPORT CTime
 {

@@ -27,6 +27,10 @@ class QDebug;
  * bool ok = false;
  * CTlString::toI32(" 12.34", money, 1.0, &ok);     // 1234
  * @endcode
+ *
+ * Any thread may call these functions, see \ref threads.
+ * @see \ref numbers_and_text
+ * @since 1.0
  */
 class TLXCORE_EXPORT CTlString
 {

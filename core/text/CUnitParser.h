@@ -21,6 +21,10 @@
  * @code
  * CVariant value(CUnitParser::type(QStringLiteral("UNIT_DATE_TIME"))); // a date-time of 8 bytes
  * @endcode
+ *
+ * Any thread may call these functions, see \ref threads.
+ * @see \ref numbers_and_text
+ * @since 1.0
  */
 class TLXCORE_EXPORT CUnitParser
 {

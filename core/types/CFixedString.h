@@ -33,11 +33,15 @@ TLXCORE_EXPORT void show(QDebug& debug, const char* name, const unsigned short* 
 /**
  * @brief What CString32, CString64 and CString128 have in common: a text of exactly N UTF-16 code units.
  *
- * The N units are implicitly shared. The text ends at the first zero unit; a text of N units has no terminator, a
- * longer one is cut to N units. Units behind the terminator are part of the value: they count in operator==, in
+ * The N units are implicitly shared. The text ends at the first zero unit. A text of N units has no terminator; a
+ * longer one is truncated to N units. Units after the terminator are part of the value: they count in operator==, in
  * byteArray() and in the stream.
  *
  * Use the three classes; Derived is the class itself.
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref typed_values
+ * @since 1.0
  */
 template <typename Derived, int N>
 class CFixedString
@@ -46,19 +50,19 @@ public:
     /// The units as a C array.
     typedef unsigned short TArray[static_cast<std::size_t>(N)];
 
-    /// An empty text, all units zero.
+    /// Constructs an empty text, all units zero.
     CFixedString()
         : mBlock(new SBlock)
     {}
 
-    /// Takes the first N units of the text; what is left of the N units is zero.
+    /// Takes the first N units of the text. The remaining units are zero.
     CFixedString(const QString& text)
         : CFixedString()
     {
         assign(text);
     }
 
-    /// Takes the first 2N bytes as units in the machine's byte order; what is left is zero. An odd number of bytes
+    /// Takes the first 2N bytes as units in the machine's byte order. The remaining units are zero. An odd number of bytes
     /// sets half of a unit.
     CFixedString(const QByteArray& bytes)
         : CFixedString()
@@ -80,16 +84,16 @@ public:
     {}
     virtual ~CFixedString() = default;
 
-    /// True when the text is not empty, that is, when the first unit is not zero.
+    /// Returns true if the text is not empty, that is, if the first unit is not zero.
     bool isValid() const { return units()[0] != 0; }
 
-    /// The text up to the first zero unit, or all N units.
+    /// Returns the text up to the first zero unit, or all N units.
     QString str() const { return NFixedString::text(units(), N); }
 
-    /// All N units as they lie in memory: 2N bytes, terminator and leftovers included.
+    /// Returns all N units as they are in memory: 2N bytes, with the terminator and the units after it.
     QByteArray byteArray() const { return QByteArray(reinterpret_cast<const char*>(units()), BYTES); }
 
-    /// Equal in all N units, those behind the terminator included.
+    /// Returns true if all N units are equal, those after the terminator included.
     bool operator==(const CFixedString& other) const
     {
         // Looks at the result once, so that the time does not depend on where two texts differ.
@@ -112,7 +116,7 @@ public:
         return stream;
     }
 
-    /// Reads N units; after a short read the units that are missing are zero and the stream's status says so.
+    /// Reads N units. Units missing from a truncated stream are zero; check the stream's status.
     friend QDataStream& operator>>(QDataStream& stream, Derived& value)
     {
         NFixedString::read(stream, value.mBlock->units, N);

@@ -8,23 +8,27 @@
 /**
  * @brief A text of exactly 64 UTF-16 code units, the value of type "STRING64": names and texts as devices exchange them.
  *
- * Implicitly shared. A text of 64 units has no terminator, a longer one is cut; an empty text is not valid. Units
- * behind the terminator are part of the value (see CFixedString).
+ * Implicitly shared. A text of 64 units has no terminator, a longer one is truncated. An empty text is not valid.
+ * Units after the terminator are part of the value (see CFixedString).
  *
  * @code
  * CString64 name(QStringLiteral("Axis 1"));
  * name.str();                // "Axis 1"
  * name.byteArray().size();   // 128
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref typed_values
+ * @since 1.0
  */
 class TLXCORE_EXPORT CString64 : public CFixedString<CString64, 64>
 {
 public:
-    /// From nothing, a QString, a QByteArray or an array of 64 units.
+    /// Constructs from nothing, a QString, a QByteArray or an array of 64 units.
     using CFixedString::CFixedString;
 
-    /// Writes the text and its terminator over the units. Callers rely on it that the units behind the terminator
-    /// keep what they held.
+    /// Writes the text and its terminator over the units. Units after the terminator keep their old values; callers rely on
+    /// this.
     CString64& operator=(const QString& text)
     {
         assign(text);
@@ -38,10 +42,10 @@ public:
         return *this;
     }
 
-    /// Copies all 64 units to `dest`; false, and nothing done, when `dest` is null.
+    /// Copies all 64 units to `dest`. Returns false and does nothing if `dest` is null.
     bool string64(unsigned short* dest) const { return copyTo(dest); }
 
-    /// The class's name, as it is registered with QMetaType.
+    /// Returns the class's name, as registered with QMetaType.
     static const char* className() { return "CString64"; }
 };
 

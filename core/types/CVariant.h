@@ -28,14 +28,18 @@ class QDebug;
  * A variant without type is "UNKNOWN": null and not valid. Payload and tag may disagree after reading a stream or
  * setDefaultValue(); readers select by tag, then convert whatever the payload actually holds.
  *
- * Nothing here throws. A reader that fails gives 0 or an empty text and sets its flag to false; no number is checked
- * for its range, it is cut to the width of what is asked for.
+ * Nothing here throws. A reader that fails returns 0 or an empty text and sets its flag to false. Readers truncate: a number
+ * out of the range of the result is cut to its width.
  *
  * @code
  * CVariant speed(NTypes::TYPE_U16);          // the default, 0
  * speed.fromStr(QStringLiteral("0x1F"));     // 31, still "U16"
  * const int number = speed.toI32();          // 31
  * @endcode
+ *
+ * Distinct objects may be used on distinct threads, see \ref threads.
+ * @see \ref typed_values
+ * @since 1.0
  */
 class TLXCORE_EXPORT CVariant
 {
@@ -185,8 +189,8 @@ public:
      * @brief Takes over a QVariant: its Qt type decides the tag.
      *
      * Numbers, QChar, char and CStringN keep their type. A QString or QByteArray becomes "STRING32" below 64 bytes
-     * (of UTF-8 for a QString), "STRING128" above 127 and "STRING64" between, and is cut to what fits; the bytes of a
-     * QByteArray are taken as UTF-16 units. Anything else, a date-time included, gives "UNKNOWN" with a warning.
+     * (of UTF-8 for a QString), "STRING128" above 127 and "STRING64" between, and is truncated to fit. The bytes of a
+     * QByteArray are taken as UTF-16 code units. Anything else, a date-time included, becomes "UNKNOWN" with a warning.
      */
     CVariant& operator=(const QVariant& value);
 
@@ -197,39 +201,39 @@ public:
     /// @name Queries
     /// @{
 
-    /// The tag.
+    /// Returns the tag.
     NTypes::ETypes type() const { return mType; }
 
-    /// True when the payload is a null QVariant or the tag is "UNKNOWN".
+    /// Returns true if the payload is a null QVariant or the tag is "UNKNOWN".
     bool isNull() const;
 
-    /// True when there is a payload and the tag is not "UNKNOWN".
+    /// Returns true if there is a payload and the tag is not "UNKNOWN".
     bool isValid() const { return mType != NTypes::TYPE_UNKNOWN && mValue.isValid(); }
 
     /**
-     * @brief Whether the value can be read as the type.
+     * @brief Returns true if the value can be read as the type.
      *
-     * Numbers: Qt's own rule for the payload, so that an unsigned char does not convert to unsigned short or float;
-     * a "DATETIME" converts to every number. UTF-16 texts and "UTF16CHAR": from any text or character. 8-bit texts:
+     * Numbers: Qt's own rule for the payload, so an unsigned char does not convert to unsigned short or float. A "DATETIME"
+     * converts to every number. UTF-16 texts and "UTF16CHAR": from any text or character. 8-bit texts:
      * from numbers, 8-bit texts and "DATETIME". "DATETIME": from the 64-bit integers and "DATETIME". Nothing converts
      * to "UNKNOWN", "F80" or a number above NTypes::TYPE_CHAR.
      */
     bool canConvertTo(NTypes::ETypes type) const;
 
-    /// The default payload of the type: 0 (an int for the 8- and 16-bit types), zero bytes of the full length, an
+    /// Returns the default payload of the type: 0 (an int for the 8- and 16-bit types), zero bytes of the full length, an
     /// empty text or record; invalid for "UNKNOWN", "F80" and above NTypes::TYPE_CHAR.
     QVariant defaultValue(NTypes::ETypes type) const;
 
-    /// Sets the tag and the default payload. A type without default changes the tag only and keeps the payload, which
-    /// stays readable through operator QVariant().
+    /// Sets the tag and the default payload. A type without default changes the tag only; operator QVariant() still returns
+    /// the old payload.
     CVariant& setDefaultValue(NTypes::ETypes type);
     /// @}
 
     /// @name Numbers
     /// @{
 
-    /// The number, cut to the width asked for (a float is truncated toward zero first); 0 and false when the value is
-    /// no number or date, or when canConvertTo() says no. A "DATETIME" is its packed 64-bit number.
+    /// Returns the number, truncated to the width of the result (a float toward zero first); 0 and false if the value is not
+    /// a number or date, or canConvertTo() is false. A "DATETIME" is its packed 64-bit number.
     signed char toI8(bool* ok = nullptr) const;
     unsigned char toU8(bool* ok = nullptr) const;
     short toI16(bool* ok = nullptr) const;
@@ -257,8 +261,8 @@ public:
     /// @name UTF-16 texts
     /// @{
 
-    /// Any text or character, cut to the length asked for; an empty text and false from anything else. The array
-    /// forms copy all units of the result, zeros on failure.
+    /// Returns any text or character, truncated to the length of the result; an empty text and false for anything else. The
+    /// array forms copy all code units of the result, zeros on failure.
     CString32 toString32(bool* ok = nullptr) const;
     bool toString32(unsigned short (&dest)[32]) const;
     CString64 toString64(bool* ok = nullptr) const;
@@ -273,8 +277,8 @@ public:
     /// @name 8-bit texts
     /// @{
 
-    /// The bytes of an 8-bit text or character, zero-filled and always terminated (toChar(): the one byte). False,
-    /// and the destination untouched, from anything else, numbers and dates included.
+    /// Copies the bytes of an 8-bit text or character, zero-filled and always terminated (toChar(): the one byte). Returns
+    /// false and leaves the destination untouched for anything else, numbers and dates included.
     bool toCharStr64(char (&dest)[64]) const;
     bool toCharStr128(char (&dest)[128]) const;
     bool toCharStr256(char (&dest)[256]) const;
@@ -282,10 +286,10 @@ public:
     operator char() const; ///< 0 on failure.
     /// @}
 
-    /// @name One UTF-16 unit
+    /// @name One UTF-16 code unit
     /// @{
 
-    /// The first unit of any text or character, 0 of an empty one; 0 and false from anything else.
+    /// Copies the first code unit of any text or character, 0 of an empty one; 0 and false for anything else.
     bool toUtf16Char(unsigned short& dest) const;
     bool toUtf16Char(QChar& dest) const;
     operator QChar() const;
@@ -295,21 +299,21 @@ public:
     /// @{
 
     /**
-     * @brief The neutral text: numbers in decimal ("F32" with 6, "F64" with 15 significant digits), texts up to their
+     * @brief Returns the neutral text: numbers in decimal ("F32" with 6, "F64" with 15 significant digits), texts up to their
      * first zero (8-bit ones read as UTF-8).
      *
-     * A "DATETIME" shows as yyyy-MM-ddTHH:mm:ss (ISO 8601, local time) when its payload is the packed 64-bit number;
-     * callers rely on it that a record, as the constructor makes it, shows as an empty text. So does an impossible
-     * date; an impossible time of a possible date shows as midnight. Unreadable payloads show as 0 or as an empty text.
+     * A "DATETIME" shows as yyyy-MM-ddTHH:mm:ss (ISO 8601, local time) if its payload is the packed 64-bit number.
+     * Callers rely on a record, as the constructor makes it, showing as an empty text. So does an impossible date. An
+     * impossible time of a possible date shows as midnight. Unreadable payloads show as 0 or as an empty text.
      */
     QString toStr() const;
 
-    /// As toStr(), but "F32" and "F64" with decimal separator and digit groups of the default QLocale.
+    /// Returns toStr(), but "F32" and "F64" with the decimal separator and digit groups of the default QLocale.
     QString toLocaleStr() const;
 
     operator QString() const { return toStr(); }
 
-    /// The lowercase hexadecimal digits of the value behind the prefix; no digits for floats and "UNKNOWN".
+    /// Returns the prefix followed by the value's lowercase hexadecimal digits; no digits for floats and "UNKNOWN".
     QString toHex(const QString& prefix) const;
     /// @}
 
@@ -317,16 +321,16 @@ public:
     /// @{
 
     /**
-     * @brief Parses text as a type; malformed numbers and dates give a valid 0.
+     * @brief Parses text as a type; malformed numbers and dates become a valid 0.
      *
-     * Integers: 0x means hexadecimal, a leading 0 octal; a number that a 32-bit one (64-bit for "U64", "I64") cannot
-     * hold is malformed, then it is cut to the width. Floats: C locale. Texts are cut to the type's length; 8-bit ones
+     * Integers: 0x means hexadecimal, a leading 0 octal; a number out of 32 bits (64 bits for "U64", "I64")
+     * is malformed; otherwise it is truncated to the width. Floats: C locale. Texts are truncated to the type's length; 8-bit ones
      * are the text's Latin-1 bytes, not padded. "DATETIME": a decimal 32-bit number is the packed form, otherwise
-     * ISO 8601 (yyyy-MM-ddTHH:mm:ss.zzz). "F80" and what is above NTypes::TYPE_CHAR give "UNKNOWN" and a warning.
+     * ISO 8601 (yyyy-MM-ddTHH:mm:ss.zzz). "F80" and numbers above NTypes::TYPE_CHAR return "UNKNOWN" and log a warning.
      */
     static CVariant fromStr(const QString& text, NTypes::ETypes type);
 
-    /// Parses text as the variant's own type; where that gives no value, the tag stays and the payload is the type's
+    /// Parses text as the variant's own type. If that yields no value, the tag stays and the payload becomes the type's
     /// default (none for "UNKNOWN", "F80" and above NTypes::TYPE_CHAR).
     CVariant& fromStr(const QString& text);
     /// @}
@@ -334,18 +338,18 @@ public:
     /// @name Bits
     /// @{
 
-    /// The bits of an integer, the least significant first; an empty array and a warning for any other type.
+    /// Returns the bits of an integer, the least significant first; an empty array and a warning for any other type.
     QBitArray toBitArray() const;
 
-    /// An integer of the type from its bits: missing bits are 0, those beyond the width are ignored. Other types give
-    /// "UNKNOWN" and a warning.
+    /// Returns an integer of the type from its bits. Missing bits are 0, bits beyond the width are ignored. Other types
+    /// return "UNKNOWN" and log a warning.
     static CVariant fromBitArray(const QBitArray& bits, NTypes::ETypes type);
 
     /// The same as operator=(const QBitArray&).
     CVariant& fromBitArray(const QBitArray& bits);
     /// @}
 
-    /// A copy of the payload; the tag is lost.
+    /// Returns a copy of the payload; the tag is lost.
     operator QVariant() const { return mValue; }
 
     /// @name Equality
@@ -361,7 +365,7 @@ public:
     /// @{
 
     /**
-     * @brief Order: the left operand's type decides how both are read; what cannot be read is 0 or an empty text.
+     * @brief Compares by the left operand's type, which reads both. An unreadable operand is 0 or an empty text.
      *
      * Strict among variants of one type only (and without NaN): of an "I32" -1 and a "U32" 5 each is less than the
      * other, and `a > b` is not `b < a`. `<=` and `>=` negate `>` and `<`.

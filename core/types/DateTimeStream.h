@@ -7,9 +7,9 @@ class QDateTime;
 namespace NDateTimeStream {
 
 /**
- * Reads what QDateTime's stream operator wrote, at every version as that operator reads it, but for what makes it, or
- * its writer, crash or open files: a time spec that is none, a time zone that there is not, and one whose name
- * leaves the folder of time zones, give a null date-time, ReadCorruptData and false.
+ * Reads what QDateTime's stream operator wrote, at every version as that operator reads it, except for what makes it, or
+ * its writer, crash or open files: an unknown time spec, an unknown time zone, and one whose name leaves the folder of time
+ * zones, become a null date-time, ReadCorruptData and false.
  */
 bool read(QDataStream& stream, QDateTime& dateTime);
 

@@ -41,7 +41,7 @@ inline int metaTypeOf(NTypes::ETypes type)
     });
 }
 
-/// The first type whose payloads have this QMetaType; one without values if there is none.
+/// The first type whose payloads have this QMetaType; or one without values.
 inline NTypes::ETypes typeOfPayload(int metaType)
 {
     quint32 type = NTypes::TYPE_UNKNOWN;

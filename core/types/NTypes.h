@@ -13,8 +13,8 @@ class QDebug;
 /**
  * @brief The catalogue of value types that device objects carry, and the plain records for dates and times.
  *
- * The numbers of NTypes::ETypes travel in streams and parameter files; they never change. Any 32-bit number may
- * stand in an ETypes (a stream stores what it reads): numbers above NTypes::TYPE_CHAR are no type at all.
+ * The numbers of NTypes::ETypes travel in streams and parameter files and never change. An ETypes can hold any 32-bit number
+ * (a stream stores what it reads); numbers above NTypes::TYPE_CHAR are unknown types.
  */
 namespace NTypes {
 

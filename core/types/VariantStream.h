@@ -11,7 +11,7 @@ namespace NVariantStream {
 void write(QDataStream& stream, const QVariant& payload, qint32 tag);
 
 /**
- * Reads what QVariant's stream operator wrote, byte for byte as QVariant reads it, and the tag behind it, without
+ * Reads what QVariant's stream operator wrote, byte for byte as QVariant reads it, and the tag after it, without
  * QVariant's trust: only numbers, characters, texts, bytes, dates and the library's own types are built. Containers and
  * foreign user types are refused by their number or name, before anything is reserved or descended into: false, no
  * payload, tag 0 and ReadCorruptData.

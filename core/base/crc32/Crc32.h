@@ -21,7 +21,7 @@
  *   M. E. Kadatch, B. Jenkins: "Everything we know about CRC but afraid to forget", 2010.
  * - Folding (x86-64, Crc32Fold.h). 128 bits A with D bits after them are worth A * x^D. Modulo P, x^(D + 64) and x^D are
  *   constants of 32 bits, so that two carry-less multiplications, one a half of A, make A short enough to be added to
- *   the 128 bits that stand D bits later. Several registers fold at once, at the end into one, whose remainder comes from
+ *   the 128 bits that follow D bits later. Several registers fold at once, at the end into one, whose remainder comes from
  *   Barrett's reduction. With VPCLMULQDQ one instruction does this for two or four parts of 128 bits.
  *   V. Gopal et al.: "Fast CRC Computation for Generic Polynomials Using PCLMULQDQ Instruction", Intel, 2009.
  */

@@ -50,7 +50,7 @@ struct SFold
     quint64 high;
 };
 
-/// The constants that fold over so many bytes.
+/// The constants that fold over `bytes` bytes.
 constexpr SFold foldOver(int bytes)
 {
     return {static_cast<quint64>(powerOfX(bytes * 8 + 32)) << 1,
@@ -116,7 +116,7 @@ alignas(16) constexpr uchar SHIFTS[48] = {
     0,    1,    2,    3,    4,    5,    6,    7,    8,    9,    10,   11,   12,   13,   14,   15,
     0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80};
 
-/// Takes in the last 1 to 15 bytes; 16 bytes stand before them in memory.
+/// Takes in the last 1 to 15 bytes; 16 bytes precede them in memory.
 inline __m128i foldTail(__m128i part, const uchar* data, std::size_t length, __m128i constants)
 {
     const __m128i front = _mm_shuffle_epi8(part, load16(SHIFTS + length));
