@@ -5,6 +5,9 @@
 #include <QJsonObject>
 #include <QStringList>
 
+#include <cerrno>
+#include <cstring>
+
 /// One finished run of the program tlx.
 struct STlxRun
 {
@@ -22,5 +25,11 @@ QString tlxProgram();
 /// of it elsewhere (empty: the one that was built). `input` is its standard input.
 STlxRun runTlx(const QStringList& arguments, const QStringList& environment = {}, const QString& program = {},
                const QByteArray& input = {});
+
+/// The system's reason for an error number, in the user's language.
+inline QString systemText(int number)
+{
+    return QString::fromLocal8Bit(std::strerror(number));
+}
 
 #endif // TLXTEST_TLXPROCESS_H
