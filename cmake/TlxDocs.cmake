@@ -1,4 +1,4 @@
-# The `docs` target: the reference from the public headers and docs/, with an architecture drawing made from the code's
+# The target `tlxcore_docs`: the reference from the public headers and docs/, with an architecture drawing made from the code's
 # includes, and the same as a Qt help file where qhelpgenerator is there. Every warning of Doxygen is an error.
 find_package(Doxygen QUIET)
 find_package(Python3 QUIET COMPONENTS Interpreter)
@@ -10,6 +10,7 @@ find_program(QHELPGENERATOR qhelpgenerator PATHS /usr/lib/qt5/bin)
 if(DOXYGEN_FOUND AND Python3_FOUND AND DOT)
     get_property(headers GLOBAL PROPERTY TLX_PUBLIC_HEADERS)
     list(TRANSFORM headers PREPEND "core/")
+    list(APPEND headers "\"${PROJECT_BINARY_DIR}/include/core/tlxCoreVersion.h\"")
     list(JOIN headers " " TLX_DOC_HEADERS)
     set(TLX_DOC_OUTPUT "${PROJECT_BINARY_DIR}/docs")
     set(TLX_DOC_DRAWINGS "${PROJECT_BINARY_DIR}/drawings") # not below the output, whose copy Doxygen would find, too
@@ -24,7 +25,7 @@ if(DOXYGEN_FOUND AND Python3_FOUND AND DOT)
     endif()
     configure_file(docs/Doxyfile.in "${TLX_DOC_OUTPUT}/Doxyfile" @ONLY)
 
-    add_custom_target(docs
+    add_custom_target(tlxcore_docs
         COMMAND Python3::Interpreter docs/architecture.py . > "${TLX_DOC_DRAWINGS}/architecture.dot"
         COMMAND "${DOT}" -Tsvg -o "${TLX_DOC_DRAWINGS}/architecture.svg" "${TLX_DOC_DRAWINGS}/architecture.dot"
         COMMAND Doxygen::doxygen "${TLX_DOC_OUTPUT}/Doxyfile"

@@ -14,21 +14,24 @@ foreach(header IN LISTS headers)
     install(FILES "${PROJECT_SOURCE_DIR}/core/${header}"
         DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/tlxCore/core/${folder}" COMPONENT development)
 endforeach()
+install(FILES "${PROJECT_BINARY_DIR}/include/core/tlxCoreVersion.h"
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/tlxCore/core" COMPONENT development)
 
 if(TARGET tlx)
     install(TARGETS tlx RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
 endif()
 
-install(FILES README.md CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT documentation)
-# The reference is there once the target `docs` was built.
+install(FILES README.md CHANGELOG.md LICENSE DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT documentation)
+# The reference is there once the target `tlxcore_docs` was built.
 install(DIRECTORY "${PROJECT_BINARY_DIR}/docs/html" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
     COMPONENT documentation OPTIONAL)
+install(DIRECTORY examples DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT documentation)
 install(FILES "${PROJECT_BINARY_DIR}/docs/tlxCore.qch" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
     COMPONENT documentation OPTIONAL)
 
 install(EXPORT tlxCoreTargets NAMESPACE tlxCore:: DESTINATION "${TLX_PACKAGE_DIR}" COMPONENT development)
 configure_package_config_file(cmake/tlxCoreConfig.cmake.in "${PROJECT_BINARY_DIR}/tlxCoreConfig.cmake"
-    INSTALL_DESTINATION "${TLX_PACKAGE_DIR}" NO_SET_AND_CHECK_MACRO)
+    INSTALL_DESTINATION "${TLX_PACKAGE_DIR}" PATH_VARS TLX_TRANSLATIONS_DIR NO_SET_AND_CHECK_MACRO)
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/tlxCoreConfigVersion.cmake"
     COMPATIBILITY SameMajorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/tlxCoreConfig.cmake" "${PROJECT_BINARY_DIR}/tlxCoreConfigVersion.cmake"
@@ -43,25 +46,6 @@ endif()
 configure_file(cmake/tlxCore.pc.in "${PROJECT_BINARY_DIR}/tlxCore.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/tlxCore.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
     COMPONENT development)
-
-# Each Debian package carries its own copyright and changelog.
-option(TLXCORE_DEBIAN_DOCS "Install each package's copyright and changelog where Debian wants them" OFF)
-if(TLXCORE_DEBIAN_DOCS)
-    find_program(GZIP gzip REQUIRED)
-    configure_file(packaging/debian/changelog.in "${PROJECT_BINARY_DIR}/changelog" @ONLY)
-    add_custom_command(OUTPUT "${PROJECT_BINARY_DIR}/changelog.gz"
-        COMMAND "${GZIP}" -9nc "${PROJECT_BINARY_DIR}/changelog" > "${PROJECT_BINARY_DIR}/changelog.gz"
-        DEPENDS "${PROJECT_BINARY_DIR}/changelog" VERBATIM)
-    add_custom_target(debian_docs ALL DEPENDS "${PROJECT_BINARY_DIR}/changelog.gz")
-    foreach(pair runtime:libtlxcore${PROJECT_VERSION_MAJOR} development:libtlxcore-dev tools:tlxcore-tools
-            documentation:tlxcore-doc)
-        string(REPLACE ":" ";" pair "${pair}")
-        list(GET pair 0 component)
-        list(GET pair 1 package)
-        install(FILES packaging/debian/copyright "${PROJECT_BINARY_DIR}/changelog.gz"
-            DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/${package}" COMPONENT ${component})
-    endforeach()
-endif()
 
 install(FILES debugger/tlxcore_gdb.py debugger/tlxCore.natvis DESTINATION "${CMAKE_INSTALL_DATADIR}/tlxCore/debugger"
     COMPONENT development)

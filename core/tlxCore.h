@@ -35,6 +35,7 @@
 #include <core/text/CUnitParser.h>
 #include <core/text/NUnits.h>
 #include <core/tlxCoreExport.h>
+#include <core/tlxCoreVersion.h>
 #include <core/types/CFixedString.h>
 #include <core/types/CString128.h>
 #include <core/types/CString32.h>

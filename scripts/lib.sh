@@ -23,17 +23,39 @@ TEST_PACKAGES=("${BUILD_PACKAGES[@]}" python3 zsh fish pkg-config doxygen graphv
     locales tzdata clang clang-format libarchive-tools gdb)
 BENCH_PACKAGES=(libbenchmark-dev zlib1g-dev libdeflate-dev python3 libarchive-dev libkf5archive-dev)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm libarchive-dev)
-PACKAGE_PACKAGES=(dpkg-dev file lintian doxygen graphviz doxygen-awesome-css)
+PACKAGE_PACKAGES=(build-essential debhelper dpkg-dev file gdb lintian doxygen graphviz doxygen-awesome-css)
 
 # Uses ccache when it is there; it is never needed.
 if command -v ccache >/dev/null 2>&1; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
 
-# Configures and builds a preset; only errors and warnings are shown.
+# Configures and builds a preset, with further definitions; only errors and warnings are shown.
 build_preset() {
     local preset=$1
+    shift
     say "building preset $preset"
-    cmake --preset "$preset" --log-level=WARNING >/dev/null
+    cmake --preset "$preset" "$@" --log-level=WARNING >/dev/null
     cmake --build --preset "$preset" -- --quiet
+}
+
+# copy_tree FOLDER: a fresh copy of the tree's files, with their times, so that what was built of them stays current.
+copy_tree() {
+    mkdir -p "$1"
+    find "$1" -mindepth 1 -maxdepth 1 ! -name build -exec rm -rf {} +
+    git ls-files -z --cached --others --exclude-standard | xargs -0 cp -p --parents -t "$1"
+}
+
+# debian_packages SOURCES: builds the Debian packages of a copy of the tree; they come to lie beside its folder.
+debian_packages() {
+    (
+        cd "$1"
+        rm -rf debian
+        cp -r packaging/debian debian
+        version=$(sed -nE 's/^project\(tlxCore VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt)
+        sed -i "s/@PROJECT_VERSION@/$version/" debian/changelog
+        # Its own home folder hides the compiler's cache.
+        if command -v ccache >/dev/null 2>&1; then export CCACHE_DIR="${CCACHE_DIR:-$(ccache -k cache_dir)}"; fi
+        dpkg-buildpackage -b -nc -uc -us >../debian.log 2>&1 || { tail -40 ../debian.log >&2; exit 1; }
+    )
 }
 
 # The folder for what later runs reuse, outside the tree.

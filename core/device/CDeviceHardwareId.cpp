@@ -1,5 +1,6 @@
 #include <core/device/CDeviceHardwareId.h>
 
+#include <core/base/DebugFields.h>
 #include <core/base/TextScanner.h>
 #include <core/device/TextTemplate.h>
 
@@ -361,7 +362,12 @@ QDataStream& operator>>(QDataStream& stream, CDeviceHardwareId& id)
 
 QDebug operator<<(QDebug debug, const CDeviceHardwareId& id)
 {
-    const QDebugStateSaver saver(debug);
-    debug.nospace() << "CDeviceHardwareId(" << id.hardwareId() << ')';
+    constexpr unsigned short UNSET = 0xFFFF;
+    DebugFields(debug, "CDeviceHardwareId")
+        .field("prefix", id.prefix())
+        .field("platform", id.platform(), UNSET)
+        .field("version", id.version(), UNSET)
+        .field("revision", id.revision(), UNSET)
+        .field("name", id.name());
     return debug;
 }

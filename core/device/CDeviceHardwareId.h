@@ -165,6 +165,7 @@ TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceHardwar
 /// Reads what operator<< wrote. Check the stream's status.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceHardwareId& id);
 
+/// Shows the type and every field that is not at its default.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CDeviceHardwareId& id);
 
 #endif // TLXCORE_CDEVICEHARDWAREID_H

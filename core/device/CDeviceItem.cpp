@@ -1,5 +1,6 @@
 #include <core/device/CDeviceItem.h>
 
+#include <core/base/DebugFields.h>
 #include <core/base/MapStream.h>
 
 #include <QDataStream>
@@ -96,9 +97,19 @@ QDataStream& operator>>(QDataStream& stream, CDeviceItem& item)
 
 QDebug operator<<(QDebug debug, const CDeviceItem& item)
 {
-    const QDebugStateSaver saver(debug);
-    debug.nospace() << "CDeviceItem(" << item.number << ", " << item.name << ", "
-                    << item.hostAddress.toString() << ", port " << item.port << ", " << item.subDevices.size()
-                    << " sub-devices)";
+    DebugFields(debug, "CDeviceItem")
+        .field("number", item.number)
+        .field("name", item.name)
+        .field("hostAddrType", qint32(item.hostAddrType))
+        .field("hostAddress", item.hostAddress)
+        .field("port", item.port)
+        .field("extraText", item.extraText)
+        .field("extraText2", item.extraText2)
+        .field("configurationName", item.configurationName())
+        .field("flag1", item.flag1)
+        .field("flag2", item.flag2)
+        .field("value1", item.value1)
+        .field("value2", item.value2)
+        .field("subDevices", item.subDevices);
     return debug;
 }

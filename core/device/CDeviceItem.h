@@ -108,6 +108,7 @@ TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceItem& i
  */
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceItem& item);
 
+/// Shows the type and every field that is not at its default.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CDeviceItem& item);
 
 #endif // TLXCORE_CDEVICEITEM_H

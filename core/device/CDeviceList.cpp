@@ -1,5 +1,6 @@
 #include <core/device/CDeviceList.h>
 
+#include <core/base/DebugFields.h>
 #include <core/base/MapStream.h>
 
 #include <QDataStream>
@@ -106,7 +107,9 @@ QDataStream& operator>>(QDataStream& stream, CDeviceList& list)
 
 QDebug operator<<(QDebug debug, const CDeviceList& list)
 {
-    const QDebugStateSaver saver(debug);
-    debug.nospace() << "CDeviceList(" << list.name << ", " << list.size() << " devices)";
+    DebugFields(debug, "CDeviceList")
+        .field("name", list.name)
+        .field("sourceType", qint32(list.sourceType))
+        .field("devices", list.devices);
     return debug;
 }

@@ -105,6 +105,7 @@ TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceList& l
  */
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceList& list);
 
+/// Shows the type and every field that is not at its default.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CDeviceList& list);
 
 #endif // TLXCORE_CDEVICELIST_H

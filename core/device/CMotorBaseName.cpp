@@ -1,5 +1,6 @@
 #include <core/device/CMotorBaseName.h>
 
+#include <core/base/DebugFields.h>
 #include <core/base/TextScanner.h>
 #include <core/device/TextTemplate.h>
 
@@ -243,7 +244,9 @@ QDataStream& operator>>(QDataStream& stream, CMotorBaseName& motor)
 
 QDebug operator<<(QDebug debug, const CMotorBaseName& motor)
 {
-    const QDebugStateSaver saver(debug);
-    debug.nospace() << "CMotorBaseName(" << motor.fileBaseName() << ')';
+    DebugFields(debug, "CMotorBaseName")
+        .field("manufacturer", motor.mManufacturer)
+        .field("name", motor.mName)
+        .field("number", motor.mNumber);
     return debug;
 }

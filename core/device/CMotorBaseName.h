@@ -118,6 +118,7 @@ public:
 private:
     friend TLXCORE_EXPORT NQtCompat::THash qHash(const CMotorBaseName& motor, NQtCompat::THash seed) noexcept;
     friend TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CMotorBaseName& motor);
+    friend TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CMotorBaseName& motor);
     friend TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CMotorBaseName& motor);
 
     QString mManufacturer;
@@ -136,6 +137,7 @@ TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CMotorBaseName
 /// Reads what operator<< wrote, unchecked; the flag stays. Check the stream's status.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CMotorBaseName& motor);
 
+/// Shows the type and every field that is not at its default.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CMotorBaseName& motor);
 
 #endif // TLXCORE_CMOTORBASENAME_H

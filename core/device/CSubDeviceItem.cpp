@@ -1,5 +1,7 @@
 #include <core/device/CSubDeviceItem.h>
 
+#include <core/base/DebugFields.h>
+
 #include <QDataStream>
 #include <QDebug>
 #include <QHash>
@@ -39,7 +41,9 @@ QDataStream& operator>>(QDataStream& stream, CSubDeviceItem& item)
 
 QDebug operator<<(QDebug debug, const CSubDeviceItem& item)
 {
-    const QDebugStateSaver saver(debug);
-    debug.nospace() << "CSubDeviceItem(" << int(item.number) << ", " << item.name << ')';
+    const CSubDeviceItem standard;
+    DebugFields(debug, "CSubDeviceItem")
+        .field("number", int(item.number))
+        .field("name", item.name, standard.name);
     return debug;
 }

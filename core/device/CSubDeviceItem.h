@@ -49,6 +49,7 @@ TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CSubDeviceItem
 /// Reads what operator<< wrote; an empty name stays empty. Check the stream's status.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CSubDeviceItem& item);
 
+/// Shows the type and every field that is not at its default.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CSubDeviceItem& item);
 
 #endif // TLXCORE_CSUBDEVICEITEM_H

@@ -8,6 +8,8 @@
 #include <QMetaType>
 #include <QString>
 
+class QDebug;
+
 /**
  * @brief The entry points of a drive's file transfer: names for the directories of its file system.
  *
@@ -93,6 +95,9 @@ public:
     /// Returns `path` without the entry point's own path at its front; unchanged if it begins otherwise.
     static QString toRelativePath(const QString& path, EEntryPoint entryPoint);
 };
+
+/// Shows the enumerator, CFTPath::EP_TMP; another number as CFTPath::EEntryPoint(3).
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, CFTPath::EEntryPoint entryPoint);
 
 Q_DECLARE_METATYPE(CFTPath::EEntryPoint)
 

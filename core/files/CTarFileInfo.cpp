@@ -1,5 +1,7 @@
 #include <core/files/CTarFileInfo.h>
 
+#include <core/base/DebugFields.h>
+
 #include <QDebug>
 #include <QHash>
 
@@ -30,8 +32,11 @@ NQtCompat::THash qHash(const CTarFileInfo& info, NQtCompat::THash seed) noexcept
 
 QDebug operator<<(QDebug debug, const CTarFileInfo& info)
 {
-    const QDebugStateSaver saver(debug);
-    debug.nospace() << "CTarFileInfo(type " << info.mType << ", " << info.mName << " -> " << info.mLinkName
-                    << ", " << info.mSize << " bytes at " << info.mPos << ')';
+    DebugFields(debug, "CTarFileInfo")
+        .field("type", CTarFileInfo::EType(info.mType))
+        .field("name", info.mName)
+        .field("linkName", info.mLinkName)
+        .field("size", info.mSize)
+        .field("pos", info.mPos);
     return debug;
 }

@@ -59,7 +59,9 @@ TLXCORE_EXPORT bool operator==(const CTarFileInfo& left, const CTarFileInfo& rig
 TLXCORE_EXPORT bool operator!=(const CTarFileInfo& left, const CTarFileInfo& right);
 /// Returns a hash of all fields.
 TLXCORE_EXPORT NQtCompat::THash qHash(const CTarFileInfo& info, NQtCompat::THash seed = 0) noexcept;
-/// Shows the type and all fields.
+/// Shows the enumerator, CTarFileInfo::TYPE_FILE; another number as CTarFileInfo::EType(9).
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, CTarFileInfo::EType type);
+/// Shows the type and every field that is not at its default.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CTarFileInfo& info);
 
 Q_DECLARE_TYPEINFO(CTarFileInfo, Q_MOVABLE_TYPE);

@@ -159,6 +159,9 @@ TLXCORE_EXPORT NQtCompat::THash qHash(const CTime& time, NQtCompat::THash seed =
 /// Shows the type, the count and the unit: CTime(1500 ms), CTime(5 unit 7).
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CTime& time);
 
+/// Shows the enumerator, CTime::UNIT_MS; another number as CTime::ETimeUnit(99).
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, CTime::ETimeUnit unit);
+
 Q_DECLARE_TYPEINFO(CTime, Q_MOVABLE_TYPE);
 Q_DECLARE_METATYPE(CTime)
 Q_DECLARE_METATYPE(CTime::ETimeUnit)

@@ -1,8 +1,12 @@
 #ifndef TLXCORE_NUNITS_H
 #define TLXCORE_NUNITS_H
 
+#include <core/tlxCoreExport.h>
+
 #include <QMetaType>
 #include <QtGlobal>
+
+class QDebug;
 
 /**
  * @brief The units of a drive's objects (parameters).
@@ -150,6 +154,9 @@ enum EObjectUnit : quint32
     UNIT_P = 124,                         ///< The letter "P": a double.
     UNIT_J = 125                          ///< The letter "J": a double.
 };
+
+/// Shows the enumerator, NUnits::UNIT_RPM; another number as NUnits::EObjectUnit(999).
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, EObjectUnit unit);
 
 } // namespace NUnits
 

@@ -121,6 +121,10 @@ TLXCORE_EXPORT NQtCompat::THash qHash(const tsDateTime& value, NQtCompat::THash 
 /// @{
 
 /// The record's name and its fields.
+/// Shows the enumerator, NTypes::TYPE_U16; another number as NTypes::ETypes(99).
+TLXCORE_EXPORT QDebug operator<<(QDebug debug, ETypes type);
+
+/// Shows the type and all fields.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const tsDate& value);
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const tsTime& value);
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const tsDateTime& value);

@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
 """Uses the library as another project does: installed, found, linked, run, also after its tree was moved.
 
-usage: consumer.py --source ROOT --cmake CMAKE --generator NAME --compiler CXX {tool-start --build BUILD | static}
+usage: consumer.py --source ROOT --cmake CMAKE --generator NAME --compiler CXX {tool-start --build BUILD | static | subproject}
 """
 import argparse
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -148,19 +149,40 @@ def static(consumer):
     check("QtReady::QtReady()" in run("nm", "--demangle", program / "static-tool"), "Qt is not made ready")
 
 
+def project_version(source):
+    return re.search(r"^project\(tlxCore VERSION (\S+)", (source / "CMakeLists.txt").read_text(), re.MULTILINE).group(1)
+
+
+def subproject(consumer):
+    """By add_subdirectory and by FetchContent. Both build in one folder: a compiler cache then spares the second one."""
+    project, build = consumer.options.source / "tests/consumer/subproject", consumer.work / "whole"
+    version = project_version(consumer.options.source)
+    for fetches in ("OFF", "ON"):
+        shutil.rmtree(build, ignore_errors=True)
+        consumer.configure(project, build, f"-DWHOLE_FETCHES={fetches}", f"-DWHOLE_TLXCORE={consumer.options.source}",
+                           "-DCMAKE_BUILD_TYPE=Debug")
+        consumer.build(build)
+        prefix = consumer.work / f"installed-{fetches}"
+        consumer.install(build, prefix)
+        files = [str(file.relative_to(prefix)) for file in prefix.rglob("*") if file.is_file()]
+        check(files == ["bin/whole"], f"installed with the tool: {files}")
+        output = run(prefix / "bin/whole", env=consumer.environment)
+        check(output == f"31 with tlxCore {version}, library {version}\n", f"the program says:\n{output}")
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--source", type=pathlib.Path, required=True)
     parser.add_argument("--cmake", required=True)
     parser.add_argument("--generator", required=True)
     parser.add_argument("--compiler", required=True)
-    parser.add_argument("what", choices=["tool-start", "static"])
+    parser.add_argument("what", choices=["tool-start", "static", "subproject"])
     parser.add_argument("--build", type=pathlib.Path)
     options = parser.parse_args()
     with tempfile.TemporaryDirectory() as work:
         consumer = Consumer(options, pathlib.Path(work).resolve())
         try:
-            tool_start(consumer) if options.what == "tool-start" else static(consumer)
+            {"tool-start": tool_start, "static": static, "subproject": subproject}[options.what](consumer)
         except Fault as fault:
             print(fault)
             return 1

@@ -1,11 +1,14 @@
 #!/usr/bin/env python3
-"""gdb shows the values of tests/debugger/values.cpp as written here.
+"""gdb shows the values of tests/debugger/values.cpp as written here, and no printer throws, under LC_ALL=C neither.
 
-usage: check_gdb.py GDB PROGRAM PRINTERS
+usage: check_gdb.py [--without-symbols] [--debug-files FOLDER] GDB PROGRAM PRINTERS
 """
+import argparse
+import os
 import subprocess
 import sys
 
+NEEDS = "(needs libtlxcore1-dbgsym)"
 EXPECTED = {
     "axis": 'CString32("Axis \\u00221\\u0022")',
     "empty": 'CString128("")',
@@ -19,27 +22,60 @@ EXPECTED = {
     "bytes": 'CVariant("CHARSTR64", "abc")',
     "record": 'CVariant("DATETIME", 2018-05-04T13:22:10.56)',
     "period": "CTime(1500 ms)",
+    "micro": "CTime(7 \u00b5s)",
     "odd": "CTime(5 unit 7)",
+    "*(CTime*)damaged": "CTime(unreadable)",
     "made": "CDateTime(2024-03-05T13:07:09.450 UTC)",
     "never": "CDateTime(invalid)",
     "address": "CIPv6Address(fe80:0:0:0:0:0:0:1)",
     "board": 'CDeviceHardwareId("A012_003_-_Board")',
+    "motor": 'CMotorBaseName(manufacturer "ACME", name "M100", number "1")',
+    "brake": 'CSubDeviceItem(0, "Brake")',
+    "noItem": "CDeviceItem()",
+    "lift": 'CDeviceItem(name "Lift", hostAddrType 2, hostAddress 192.168.0.7, port 1700, extraText "left", '
+            'configurationName "std", flag2 true, value2 -1, subDevices {3: CSubDeviceItem(3, "Brake"), '
+            '5: CSubDeviceItem(5, "Gate"), 9: CSubDeviceItem(9, "Fan")})',
+    "hall": 'CDeviceList(name "Hall", sourceType 4, devices {70000: CDeviceItem(number 70000, '
+            'hostAddress fe80:0:0:0:0:0:0:1)})',
+    "link": 'CTarFileInfo(TYPE_SYMLINK, name "now", linkName "v2", pos 512)',
 }
 
 
-def main():
-    gdb, program, printers = sys.argv[1:4]
-    command = [gdb, "-nx", "-batch", "-iex", "set auto-load off", "-ex", f"source {printers}", "-ex", "break done",
-               "-ex", "run", "-ex", "up"]
+def expected(options, language):
+    for name, text in EXPECTED.items():
+        kind = text.partition("(")[0]
+        if not options.symbols and kind in ("CTime", "CDateTime", "CIPv6Address", "CDeviceHardwareId", "CMotorBaseName",
+                                            "CVariant"):
+            text = kind + NEEDS
+        yield name, text.replace("\u00b5", "\\xb5") if language == "C" else text
+
+
+def faults_of(options, language):
+    command = [options.gdb, "-nx", "-batch", "-iex", "set auto-load off"]
+    if options.debug_files:
+        command += ["-iex", f"set debug-file-directory {options.debug_files}"]
+    command += ["-ex", f"source {options.printers}", "-ex", "break done", "-ex", "run", "-ex", "up"]
     for name in EXPECTED:
         command += ["-ex", f"printf \"= {name} \"", "-ex", f"output {name}", "-ex", "printf \"\\n\""]
-    run = subprocess.run(command + [program], capture_output=True, text=True, encoding="utf-8", timeout=120)
+    run = subprocess.run(command + [options.program], capture_output=True, text=True, encoding="utf-8", timeout=120,
+                         env=dict(os.environ, LC_ALL=language))
     shown = dict(line[2:].split(" ", 1) for line in run.stdout.splitlines() if line.startswith("= "))
-    faults = [f"{name}: {shown.get(name)!r} instead of {text!r}" for name, text in EXPECTED.items()
-              if shown.get(name) != text]
-    print("\n".join(faults) or f"{len(EXPECTED)} values")
-    if faults:
-        print(run.stdout, run.stderr)
+    faults = [f"{language}: {name}: {shown.get(name)!r} instead of {text!r}"
+              for name, text in expected(options, language) if shown.get(name) != text]
+    faults += [f"{language}: {line}" for line in run.stderr.splitlines() if "Python" in line or "Traceback" in line]
+    return faults + ([run.stdout, run.stderr] if faults else [])
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--without-symbols", dest="symbols", action="store_false")
+    parser.add_argument("--debug-files")
+    parser.add_argument("gdb")
+    parser.add_argument("program")
+    parser.add_argument("printers")
+    options = parser.parse_args()
+    faults = faults_of(options, "C.UTF-8") + faults_of(options, "C")
+    print("\n".join(faults) or f"{len(EXPECTED)} values, {'with' if options.symbols else 'without'} symbols")
     return 1 if faults else 0
 
 

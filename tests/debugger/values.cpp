@@ -1,7 +1,41 @@
 // Values for the debugger's test: gdb stops in done() and prints those of main().
 #include <core/tlxCore.h>
 
+#include <cstring>
+
 namespace {
+
+CDeviceItem liftItem()
+{
+    CDeviceItem item(QStringLiteral("Lift"), CDeviceItem::EHostAddrType(2),
+                     QHostAddress(QStringLiteral("192.168.0.7")), 1700, QStringLiteral("left"));
+    item.flag2 = true;
+    item.value2 = -1;
+    item.setConfigurationName(QStringLiteral("std"));
+    item.addSubDevice(9, CSubDeviceItem(QStringLiteral("Fan")));
+    item.addSubDevice(3, CSubDeviceItem(QStringLiteral("Brake")));
+    item.addSubDevice(5, CSubDeviceItem(QStringLiteral("Gate")));
+    return item;
+}
+
+CDeviceList hallList()
+{
+    CDeviceList list(QStringLiteral("Hall"), CDeviceList::ESourceType(4));
+    CDeviceItem item;
+    item.hostAddress = QHostAddress(QStringLiteral("fe80::1"));
+    list.addDevice(70000, item);
+    return list;
+}
+
+CTarFileInfo linkInfo()
+{
+    CTarFileInfo info;
+    info.mType = CTarFileInfo::TYPE_SYMLINK;
+    info.mName = QStringLiteral("now");
+    info.mLinkName = QStringLiteral("v2");
+    info.mPos = 512;
+    return info;
+}
 
 volatile int gDone = 0;
 
@@ -31,6 +65,15 @@ int main()
     const CDateTime never;
     const CIPv6Address address(QStringLiteral("fe80:0:0:0:0:0:0:1"));
     const CDeviceHardwareId board(QStringLiteral("A012_003_Board"));
+    const CMotorBaseName motor(QStringLiteral("ACME_M100_1"), false);
+    const CSubDeviceItem brake(QStringLiteral("Brake"));
+    const CDeviceItem noItem;
+    const CDeviceItem lift = liftItem();
+    const CDeviceList hall = hallList();
+    const CTarFileInfo link = linkInfo();
+    const CTime micro(7, CTime::UNIT_US);
+    alignas(CTime) unsigned char damaged[sizeof(CTime)];
+    std::memset(damaged, 0x5A, sizeof(damaged));
     done();
     return 0;
 }

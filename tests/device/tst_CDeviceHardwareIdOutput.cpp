@@ -194,9 +194,9 @@ void tst_CDeviceHardwareIdOutput::metaTypeAndDebug()
     QCOMPARE(variant.value<CDeviceHardwareId>(), id);
     QString shown;
     QDebug(&shown).nospace() << id << 1;
-    QCOMPARE(shown, text("CDeviceHardwareId(\"A012_003_Bo\")1"));
+    QCOMPARE(shown, text("CDeviceHardwareId(prefix \"A\", platform 12, version 3, name \"Bo\")1"));
     const QScopedArrayPointer<char> failing(QTest::toString(id));
-    QCOMPARE(QByteArray(failing.data()), QByteArray("CDeviceHardwareId(\"A012_003_Bo\")"));
+    QCOMPARE(QByteArray(failing.data()), QByteArray("CDeviceHardwareId(prefix \"A\", platform 12, version 3, name \"Bo\")"));
 }
 
 QTEST_APPLESS_MAIN(tst_CDeviceHardwareIdOutput)

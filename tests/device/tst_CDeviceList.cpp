@@ -378,7 +378,10 @@ void tst_CDeviceList::metaTypeAndDebug()
     const CDeviceList list = makeList({{1, "a"}, {3, "x"}});
     QCOMPARE(QVariant::fromValue(list).value<CDeviceList>(), list);
     const QScopedArrayPointer<char> shown(QTest::toString(list));
-    QCOMPARE(QByteArray(shown.data()), QByteArray("CDeviceList(\"H\", 2 devices)"));
+    QCOMPARE(
+        QByteArray(shown.data()),
+        QByteArray("CDeviceList(name \"H\", sourceType 7, devices QMap((1, CDeviceItem(number 1, name \"a\"))"
+                   "(3, CDeviceItem(number 3, name \"x\"))))"));
 }
 
 QTEST_APPLESS_MAIN(tst_CDeviceList)

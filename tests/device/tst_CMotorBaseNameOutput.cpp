@@ -186,9 +186,9 @@ void tst_CMotorBaseNameOutput::metaTypeAndDebug()
     QCOMPARE(QVariant::fromValue(motor).value<CMotorBaseName>(), motor);
     QString shown;
     QDebug(&shown).nospace() << motor << 1;
-    QCOMPARE(shown, text("CMotorBaseName(\"ACME_M100_1\")1"));
+    QCOMPARE(shown, text("CMotorBaseName(manufacturer \"ACME\", name \"M100\", number \"1\")1"));
     const QScopedArrayPointer<char> failing(QTest::toString(motor));
-    QCOMPARE(QByteArray(failing.data()), QByteArray("CMotorBaseName(\"ACME_M100_1\")"));
+    QCOMPARE(QByteArray(failing.data()), QByteArray("CMotorBaseName(manufacturer \"ACME\", name \"M100\", number \"1\")"));
 }
 
 QTEST_APPLESS_MAIN(tst_CMotorBaseNameOutput)

@@ -106,7 +106,7 @@ void tst_CSubDeviceItem::metaTypeAndDebug()
     const CSubDeviceItem item = makeSub(200, "Brake");
     QCOMPARE(QVariant::fromValue(item).value<CSubDeviceItem>(), item);
     const QScopedArrayPointer<char> shown(QTest::toString(item));
-    QCOMPARE(QByteArray(shown.data()), QByteArray("CSubDeviceItem(200, \"Brake\")"));
+    QCOMPARE(QByteArray(shown.data()), QByteArray("CSubDeviceItem(number 200, name \"Brake\")"));
 }
 
 QTEST_APPLESS_MAIN(tst_CSubDeviceItem)

@@ -1,0 +1,4 @@
+int wholeNumber()
+{
+    return 31;
+}
