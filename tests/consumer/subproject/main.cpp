@@ -9,6 +9,7 @@ int main()
 {
     CVariant value(NTypes::TYPE_U16);
     value.fromStr(QString::number(wholeNumber()));
-    std::printf("%s with tlxCore %s, library %s\n", qPrintable(value.toStr()), TLXCORE_VERSION_STR, tlxCoreVersion());
+    std::printf("%s with tlxCore %s, library %s\n", qPrintable(value.toStr()), TLXCORE_VERSION_STR,
+                tlxCoreVersion());
     return 0;
 }
