@@ -196,7 +196,8 @@ void tst_CDeviceHardwareIdOutput::metaTypeAndDebug()
     QDebug(&shown).nospace() << id << 1;
     QCOMPARE(shown, text("CDeviceHardwareId(prefix \"A\", platform 12, version 3, name \"Bo\")1"));
     const QScopedArrayPointer<char> failing(QTest::toString(id));
-    QCOMPARE(QByteArray(failing.data()), QByteArray("CDeviceHardwareId(prefix \"A\", platform 12, version 3, name \"Bo\")"));
+    QCOMPARE(QByteArray(failing.data()),
+             QByteArray("CDeviceHardwareId(prefix \"A\", platform 12, version 3, name \"Bo\")"));
 }
 
 QTEST_APPLESS_MAIN(tst_CDeviceHardwareIdOutput)

@@ -188,7 +188,8 @@ void tst_CMotorBaseNameOutput::metaTypeAndDebug()
     QDebug(&shown).nospace() << motor << 1;
     QCOMPARE(shown, text("CMotorBaseName(manufacturer \"ACME\", name \"M100\", number \"1\")1"));
     const QScopedArrayPointer<char> failing(QTest::toString(motor));
-    QCOMPARE(QByteArray(failing.data()), QByteArray("CMotorBaseName(manufacturer \"ACME\", name \"M100\", number \"1\")"));
+    QCOMPARE(QByteArray(failing.data()),
+             QByteArray("CMotorBaseName(manufacturer \"ACME\", name \"M100\", number \"1\")"));
 }
 
 QTEST_APPLESS_MAIN(tst_CMotorBaseNameOutput)

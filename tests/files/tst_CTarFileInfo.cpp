@@ -120,7 +120,8 @@ void tst_CTarFileInfo::debugText()
 {
     QString text;
     QDebug(&text) << example() << 1;
-    QCOMPARE(text, QStringLiteral("CTarFileInfo(type CTarFileInfo::TYPE_SYMLINK, name \"link\", linkName \"target\", size 513, pos 1024) 1 "));
+    QCOMPARE(text, QStringLiteral("CTarFileInfo(type CTarFileInfo::TYPE_SYMLINK, name \"link\", linkName "
+                                  "\"target\", size 513, pos 1024) 1 "));
 }
 
 void tst_CTarFileInfo::inVariant()
