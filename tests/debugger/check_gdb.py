@@ -9,6 +9,7 @@ import subprocess
 import sys
 
 NEEDS = "(needs libtlxcore1-dbgsym)"
+DAMAGED = "*(CTime*)damaged"
 EXPECTED = {
     "axis": 'CString32("Axis \\u00221\\u0022")',
     "empty": 'CString128("")',
@@ -24,7 +25,7 @@ EXPECTED = {
     "period": "CTime(1500 ms)",
     "micro": "CTime(7 \u00b5s)",
     "odd": "CTime(5 unit 7)",
-    "*(CTime*)damaged": "CTime(unreadable)",
+    DAMAGED: "CTime(unreadable)",
     "made": "CDateTime(2024-03-05T13:07:09.450 UTC)",
     "never": "CDateTime(invalid)",
     "address": "CIPv6Address(fe80:0:0:0:0:0:0:1)",
@@ -44,8 +45,9 @@ EXPECTED = {
 def expected(options, language):
     for name, text in EXPECTED.items():
         kind = text.partition("(")[0]
-        if not options.symbols and kind in ("CTime", "CDateTime", "CIPv6Address", "CDeviceHardwareId", "CMotorBaseName",
-                                            "CVariant"):
+        if not options.symbols and kind in ("CTime", "CDateTime", "CIPv6Address", "CDeviceHardwareId", "CMotorBaseName"):
+            if name == DAMAGED:  # gdb cannot even name the class
+                continue
             text = kind + NEEDS
         yield name, text.replace("\u00b5", "\\xb5") if language == "C" else text
 
