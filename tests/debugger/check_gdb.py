@@ -77,7 +77,7 @@ def main():
     parser.add_argument("printers")
     options = parser.parse_args()
     faults = faults_of(options, "C.UTF-8") + faults_of(options, "C")
-    print("\n".join(faults) or f"{len(EXPECTED)} values, {'with' if options.symbols else 'without'} symbols")
+    print("\n".join(faults) or f"{len(dict(expected(options, 'C')))} values, {'with' if options.symbols else 'without'} symbols")
     return 1 if faults else 0
 
 
