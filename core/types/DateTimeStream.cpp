@@ -92,13 +92,14 @@ bool readAtVersion(QDataStream& stream, QDateTime& dateTime)
         return readInSpec(stream, fields, dateTime);
     }
     if (version == QDataStream::Qt_5_0) {
-        const bool known = fields.spec >= Qt::LocalTime && fields.spec <= Qt::TimeZone;
-        dateTime = QDateTime(fields.date, fields.time, Qt::UTC);
+        if (fields.spec < Qt::LocalTime || fields.spec > Qt::TimeZone) {
+            return false;
+        }
         // There is no zone to go with one: Qt 5 takes local time, Qt 6 does so with a warning.
         const auto written = static_cast<Qt::TimeSpec>(fields.spec);
         const Qt::TimeSpec spec = written == Qt::TimeZone ? Qt::LocalTime : written;
-        dateTime = known ? dateTime.toTimeSpec(spec) : QDateTime();
-        return known;
+        dateTime = QDateTime(fields.date, fields.time, Qt::UTC).toTimeSpec(spec);
+        return true;
     }
     const bool utc = version >= QDataStream::Qt_4_0 && (fields.spec == QT4_UTC || fields.spec == QT4_OFFSET);
     dateTime = QDateTime(fields.date, fields.time, utc ? Qt::UTC : Qt::LocalTime);
