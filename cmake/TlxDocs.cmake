@@ -28,6 +28,7 @@ if(DOXYGEN_FOUND AND Python3_FOUND AND DOT)
     add_custom_target(tlxcore_docs
         COMMAND Python3::Interpreter docs/architecture.py . > "${TLX_DOC_DRAWINGS}/architecture.dot"
         COMMAND "${DOT}" -Tsvg -o "${TLX_DOC_DRAWINGS}/architecture.svg" "${TLX_DOC_DRAWINGS}/architecture.dot"
+        COMMAND "${CMAKE_COMMAND}" -E rm -rf "${TLX_DOC_OUTPUT}/html" "${TLX_DOC_OUTPUT}/xml" # pages of names that are gone
         COMMAND Doxygen::doxygen "${TLX_DOC_OUTPUT}/Doxyfile"
         WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}"
         COMMENT "Documentation of the public headers"

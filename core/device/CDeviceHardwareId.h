@@ -48,11 +48,15 @@ public:
     /// Parses as setHardwareId() does. Check isValid().
     CDeviceHardwareId(const QString& text);
 
+    /// Copies all fields.
     CDeviceHardwareId(const CDeviceHardwareId&) = default;
+    /// Moves all fields.
     CDeviceHardwareId(CDeviceHardwareId&&) = default;
     virtual ~CDeviceHardwareId();
 
+    /// Copies all fields.
     CDeviceHardwareId& operator=(const CDeviceHardwareId&) = default;
+    /// Moves all fields.
     CDeviceHardwareId& operator=(CDeviceHardwareId&&) = default;
 
     /// Parses as setHardwareId() does.
@@ -77,30 +81,40 @@ public:
 
     /// Stored unchecked; a prefix of more than one character, or a digit, makes every form invalid.
     void setPrefix(const QString& prefix);
+    /// Returns the prefix as it was stored.
     QString prefix() const;
 
     /// Stored unchecked, 0 to 65535; from 1000 on the forms that need the number are invalid.
     void setPlatform(unsigned short platform);
+    /// As setPlatform().
     void setVersion(unsigned short version);
+    /// As setPlatform().
     void setRevision(unsigned short revision);
 
     /// One to three decimal digits; false for any other text, which leaves the number as it was.
     bool setPlatform(const QString& text);
+    /// As setPlatform().
     bool setVersion(const QString& text);
+    /// As setPlatform().
     bool setRevision(const QString& text);
 
     /// Returns the number, or 65535 if it is not set.
     unsigned short platform() const;
+    /// As platform().
     unsigned short version() const;
+    /// As platform().
     unsigned short revision() const;
 
     /// Returns the number in decimal, padded with "0" to three digits; empty if it is not set.
     QString platformStr() const;
+    /// As platformStr().
     QString versionStr() const;
+    /// As platformStr().
     QString revisionStr() const;
 
     /// Stored unchecked.
     void setName(const QString& name);
+    /// Returns the name.
     QString name() const;
 
     /// Returns true if the whole text is one to three decimal digits, as every number in a text must be.
@@ -115,7 +129,9 @@ public:
 
     /// Returns the text of the form; empty if the value does not have it.
     QString minimumHardwareId() const;
+    /// As minimumHardwareId(), for the short form.
     QString shortHardwareId() const;
+    /// As minimumHardwareId(), for the full form.
     QString fullHardwareId() const;
 
     /// Returns the text of the richest form that the value has, or the name alone.
@@ -142,6 +158,7 @@ public:
 
     /// Compares all five fields.
     bool operator==(const CDeviceHardwareId& other) const;
+    /// The negation of operator==.
     bool operator!=(const CDeviceHardwareId& other) const;
 
 private:

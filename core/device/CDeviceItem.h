@@ -47,10 +47,12 @@ public:
 
     /// Shares texts, address and sub-devices. Moving does the same: what was moved from keeps its fields.
     CDeviceItem(const CDeviceItem& other) noexcept;
+    /// Shares as the constructor does.
     CDeviceItem& operator=(const CDeviceItem& other) noexcept;
 
-    /// Returns or sets the name of the device's configuration.
+    /// Returns the name of the device's configuration.
     QString configurationName() const;
+    /// Sets the name of the device's configuration.
     void setConfigurationName(const QString& configurationName);
 
     /// Returns true if address, port, hostAddrType and value2 are all set: not null and not 0.
@@ -61,6 +63,7 @@ public:
 
     /// Compares all fields; the sub-devices in order, with their keys.
     bool operator==(const CDeviceItem& other) const;
+    /// The negation of operator==.
     bool operator!=(const CDeviceItem& other) const;
 
     unsigned int number = 0; ///< Device number. CDeviceList::addDevice() sets it to the key.
@@ -89,8 +92,9 @@ Q_DECLARE_METATYPE(CDeviceItem)
 /// Agrees with operator==.
 TLXCORE_EXPORT NQtCompat::THash qHash(const CDeviceItem& item, NQtCompat::THash seed = 0) noexcept;
 
-/// Writes or reads the kind as a signed 32-bit integer.
+/// Writes the kind as a signed 32-bit integer.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceItem::EHostAddrType& type);
+/// Reads the kind as a signed 32-bit integer, unchecked.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceItem::EHostAddrType& type);
 
 /**

@@ -47,6 +47,7 @@ public:
 
     /// Shares name and devices. Moving does the same: what was moved from keeps them.
     CDeviceList(const CDeviceList& other) noexcept;
+    /// Shares as the constructor does.
     CDeviceList& operator=(const CDeviceList& other) noexcept;
 
     /// Returns the number of entries. Several entries under one number count each.
@@ -78,6 +79,7 @@ public:
 
     /// Compares name, source and the devices in order, with their keys.
     bool operator==(const CDeviceList& other) const;
+    /// The negation of operator==.
     bool operator!=(const CDeviceList& other) const;
 
     QString name;                                       ///< List name.
@@ -91,8 +93,9 @@ Q_DECLARE_METATYPE(CDeviceList)
 /// Agrees with operator==.
 TLXCORE_EXPORT NQtCompat::THash qHash(const CDeviceList& list, NQtCompat::THash seed = 0) noexcept;
 
-/// Writes or reads the source as a signed 32-bit integer.
+/// Writes the source as a signed 32-bit integer.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceList::ESourceType& type);
+/// Reads the source as a signed 32-bit integer, unchecked.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceList::ESourceType& type);
 
 /// Writes the name as QString, the source as a 32-bit integer, then the devices in Qt's map format, highest key first.

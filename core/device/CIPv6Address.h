@@ -42,20 +42,29 @@ public:
 
     /// Calls setAddress() with the same argument on an address of zero bytes.
     CIPv6Address(const QByteArray& bytes);
+    /// Calls setAddress() with the same argument on an address of zero bytes.
     CIPv6Address(const unsigned char* bytes);
+    /// Calls setAddress() with the same argument on an address of zero bytes.
     CIPv6Address(const QVariant& variant);
+    /// Calls setAddress() with the same argument on an address of zero bytes.
     CIPv6Address(const QString& text);
 
+    /// Copies the 16 bytes.
     CIPv6Address(const CIPv6Address&) = default;
+    /// Copies the 16 bytes.
     CIPv6Address(CIPv6Address&&) = default;
     virtual ~CIPv6Address();
 
+    /// Copies the 16 bytes.
     CIPv6Address& operator=(const CIPv6Address&) = default;
+    /// Copies the 16 bytes.
     CIPv6Address& operator=(CIPv6Address&&) = default;
 
     /// Calls setAddress() with the same argument.
     CIPv6Address& operator=(const QByteArray& bytes);
+    /// Calls setAddress() with the same argument.
     CIPv6Address& operator=(const QVariant& variant);
+    /// Calls setAddress() with the same argument.
     CIPv6Address& operator=(const QString& text);
 
     /// Copies exactly 16 bytes; an array of another size changes nothing.
@@ -86,6 +95,7 @@ public:
 
     /// Returns the byte at `index`, which must be 0 to 15.
     unsigned char& operator[](int index);
+    /// Returns the byte at `index`, which must be 0 to 15.
     const unsigned char& operator[](int index) const;
 
     /// Sets all bytes to 0.
@@ -96,6 +106,7 @@ public:
 
     /// Compares the 16 bytes.
     bool operator==(const CIPv6Address& other) const;
+    /// The negation of operator==.
     bool operator!=(const CIPv6Address& other) const;
 
 private:
@@ -112,6 +123,7 @@ TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CIPv6Address& 
 /// Reads 16 bytes. Bytes missing from a truncated stream are 0; check the stream's status.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CIPv6Address& address);
 
+/// Shows the type and the text of the address.
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CIPv6Address& address);
 
 #endif // TLXCORE_CIPV6ADDRESS_H

@@ -76,12 +76,14 @@ public:
 
     /// Stores the part and returns true if the text is a valid part; otherwise returns false and changes nothing.
     bool setManufacturer(const QString& manufacturer);
+    /// Stores the motor name as setManufacturer() does.
     bool setName(const QString& name);
     /// As above. With the flag `numeric`, only an empty text or a single digit is valid.
     bool setNumber(const QString& number);
 
     /// Returns the stored text.
     QString manufacturer() const;
+    /// Returns the stored text.
     QString name() const;
     /// Returns the number's text, or "0" if it is empty.
     QString number() const;
@@ -113,6 +115,7 @@ public:
 
     /// Compares the three parts, not the flag.
     bool operator==(const CMotorBaseName& other) const;
+    /// The negation of operator==.
     bool operator!=(const CMotorBaseName& other) const;
 
 private:

@@ -32,6 +32,7 @@ public:
 
     /// Compares both fields.
     bool operator==(const CSubDeviceItem& other) const;
+    /// The negation of operator==.
     bool operator!=(const CSubDeviceItem& other) const;
 
     unsigned char number = 0; ///< Sub-device number. CDeviceItem::addSubDevice() sets it to the key.

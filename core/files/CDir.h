@@ -122,6 +122,7 @@ public:
     /// Lists one level of a directory, sorted by name. Without name filters every name matches.
     static QFileInfoList entryInfoList(const QString& path, const QStringList& nameFilters,
                                        QDir::Filters filters);
+    /// Lists one level, filtered as toDirFilter() converts the filter.
     static QFileInfoList entryInfoList(const QString& path, const QStringList& nameFilters,
                                        NtlxGlobal::EDirFilter filter);
 
@@ -132,6 +133,7 @@ public:
     /// Lists the whole tree under a directory in the order of QDirIterator. Name filters do not limit the descent.
     static QFileInfoList entryInfoListRecursive(const QString& path, const QStringList& nameFilters,
                                                 QDir::Filters filters);
+    /// Lists the whole tree, filtered as toDirFilter() converts the filter.
     static QFileInfoList entryInfoListRecursive(const QString& path, const QStringList& nameFilters,
                                                 NtlxGlobal::EDirFilter filter);
 

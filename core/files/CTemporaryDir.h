@@ -9,7 +9,8 @@
 /**
  * @brief A directory of a fresh, unique name below QDir::tempPath() that is removed with the object.
  *
- * The object has the interface of QTemporaryDir and forwards to one. If the directory could not be created, isValid() is
+ * With autoRemove(), its destruction removes the directory and everything in it (links as links). The object has the
+ * interface of QTemporaryDir and forwards to one. If the directory could not be created, isValid() is
  * false and path() is empty.
  *
  * @code
@@ -27,7 +28,6 @@ public:
     /// Creates the directory. autoRemove() is on.
     CTemporaryDir();
 
-    /// Removes the directory and everything in it (links as links) if autoRemove() is on.
     ~CTemporaryDir();
 
     CTemporaryDir(const CTemporaryDir&) = delete;
@@ -39,8 +39,9 @@ public:
     /// Returns the absolute path, without a separator at the end; empty if the directory could not be created.
     QString path() const;
 
-    /// Returns or sets whether the directory is removed with the object.
+    /// Returns whether the directory is removed with the object.
     bool autoRemove() const;
+    /// Sets whether the directory is removed with the object.
     void setAutoRemove(bool autoRemove);
 
     /// Removes the directory and everything in it now. Returns false if a part remains or it was never created.

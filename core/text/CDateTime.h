@@ -48,7 +48,9 @@ public:
     /// Constructs a date-time from a record, whose fields are wall-clock fields in `spec`.
     CDateTime(const NTypes::tsDateTime& record, Qt::TimeSpec spec);
 
+    /// Copies date, time and time spec.
     CDateTime(const CDateTime& other) = default;
+    /// Copies date, time and time spec.
     CDateTime& operator=(const CDateTime& other) = default;
     virtual ~CDateTime();
 
@@ -112,10 +114,15 @@ public:
 
     /// Compares instants, whatever the time specs, as QDateTime does.
     bool operator==(const CDateTime& other) const;
+    /// The negation of operator==.
     bool operator!=(const CDateTime& other) const;
+    /// Compares instants.
     bool operator<(const CDateTime& other) const;
+    /// Compares instants.
     bool operator>(const CDateTime& other) const;
+    /// Compares instants.
     bool operator<=(const CDateTime& other) const;
+    /// Compares instants.
     bool operator>=(const CDateTime& other) const;
 
 private:

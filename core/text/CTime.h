@@ -57,10 +57,12 @@ public:
 
     /// Constructs a count of 0 of UNIT_UNKNOWN.
     CTime();
+    /// Constructs a count of a unit.
     CTime(unsigned long long value, ETimeUnit unit);
 
     /// Shares the data. Moving does the same: what was moved from keeps its duration.
     CTime(const CTime& other) noexcept;
+    /// Shares the data, as the constructor does.
     CTime& operator=(const CTime& other) noexcept;
     virtual ~CTime();
 
@@ -73,17 +75,21 @@ public:
     /// Returns the unit held.
     ETimeUnit unit() const;
 
-    /// Sets the count, the unit (the count stays as it is), or both.
+    /// Sets the count; the unit stays.
     void setValue(unsigned long long value);
+    /// Sets the unit; the count stays as it is.
     void setUnit(ETimeUnit unit);
+    /// Sets the count and the unit.
     void setValue(unsigned long long value, ETimeUnit unit);
 
     /// Returns true for nanoseconds to hours. A duration in picoseconds is not valid.
     bool isValid() const;
 
-    /// Returns value() in nanoseconds, milliseconds or seconds.
+    /// Returns value() in nanoseconds.
     unsigned long long toNS() const;
+    /// Returns value() in milliseconds.
     unsigned long long toMS() const;
+    /// Returns value() in seconds.
     unsigned long long toS() const;
 
     /// Takes the duration of `other` and counts it in this object's unit, rounded half away from zero.
@@ -125,10 +131,15 @@ public:
 
     /// Compares two durations in whole nanoseconds, also if their units are equal: 1 ps equals 2 ps.
     bool operator==(const CTime& other) const;
+    /// The negation of operator==.
     bool operator!=(const CTime& other) const;
+    /// Compares in whole nanoseconds.
     bool operator<(const CTime& other) const;
+    /// Compares in whole nanoseconds.
     bool operator>(const CTime& other) const;
+    /// Compares in whole nanoseconds.
     bool operator<=(const CTime& other) const;
+    /// Compares in whole nanoseconds.
     bool operator>=(const CTime& other) const;
 
 private:
@@ -145,6 +156,7 @@ TLXCORE_EXPORT CTime operator+(const CTime& a, const CTime& b);
 
 /// Returns the count times the factor, rounded half away from zero, in the same unit.
 TLXCORE_EXPORT CTime operator*(const CTime& time, double factor);
+/// The same as time * factor.
 TLXCORE_EXPORT CTime operator*(double factor, const CTime& time);
 
 /// Writes the count as an unsigned 64-bit and the unit as a signed 32-bit number, in the stream's byte order.

@@ -358,6 +358,7 @@ public:
     /// Returns true for equal tags and equal values. Floats are compared fuzzily (relative 1e-5 and 1e-12), texts by
     /// toStr(). Two variants of one type without values ("UNKNOWN", "F80") are equal.
     bool operator==(const CVariant& other) const;
+    /// The negation of operator==.
     bool operator!=(const CVariant& other) const { return !(*this == other); }
     /// @}
 

@@ -75,7 +75,7 @@ struct tsDateTime
 /// @name Comparison
 /// @{
 
-/// Over all fields.
+/// Compares all fields.
 constexpr bool operator==(const tsDate& left, const tsDate& right)
 {
     return left.day == right.day && left.month == right.month && left.year == right.year;
@@ -92,16 +92,19 @@ constexpr bool operator==(const tsDateTime& left, const tsDateTime& right)
     return left.time == right.time && left.date == right.date;
 }
 
+/// The negation of operator==.
 constexpr bool operator!=(const tsDate& left, const tsDate& right)
 {
     return !(left == right);
 }
 
+/// The negation of operator==.
 constexpr bool operator!=(const tsTime& left, const tsTime& right)
 {
     return !(left == right);
 }
 
+/// The negation of operator==.
 constexpr bool operator!=(const tsDateTime& left, const tsDateTime& right)
 {
     return !(left == right);
@@ -111,7 +114,7 @@ constexpr bool operator!=(const tsDateTime& left, const tsDateTime& right)
 /// @name Hash
 /// @{
 
-/// Over all fields.
+/// Returns the hash of all fields.
 TLXCORE_EXPORT NQtCompat::THash qHash(const tsDate& value, NQtCompat::THash seed = 0);
 TLXCORE_EXPORT NQtCompat::THash qHash(const tsTime& value, NQtCompat::THash seed = 0);
 TLXCORE_EXPORT NQtCompat::THash qHash(const tsDateTime& value, NQtCompat::THash seed = 0);
@@ -120,7 +123,6 @@ TLXCORE_EXPORT NQtCompat::THash qHash(const tsDateTime& value, NQtCompat::THash 
 /// @name Debug output
 /// @{
 
-/// The record's name and its fields.
 /// Shows the enumerator, NTypes::TYPE_U16; another number as NTypes::ETypes(99).
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, ETypes type);
 
