@@ -69,21 +69,6 @@ QMap<QString, QString> CCommandLineParser::argumentsMap(const QString& option)
     return map;
 }
 
-int CCommandLineParser::count() const
-{
-    return static_cast<int>(arguments.size());
-}
-
-bool CCommandLineParser::contains(const QString& key) const
-{
-    return arguments.contains(key);
-}
-
-QString CCommandLineParser::value(const QString& key) const
-{
-    return arguments.value(key);
-}
-
 QString CCommandLineParser::abAddress() const
 {
     return value(QStringLiteral("abadr"));

@@ -60,13 +60,13 @@ public:
     static QMap<QString, QString> argumentsMap(const QString& option);
 
     /// Returns the number of keys.
-    int count() const;
+    int count() const { return static_cast<int>(arguments.size()); }
 
     /// Returns true if the key is present, with or without a value.
-    bool contains(const QString& key) const;
+    bool contains(const QString& key) const { return arguments.contains(key); }
 
     /// Returns the key's value, or an empty text if it is absent.
-    QString value(const QString& key) const;
+    QString value(const QString& key) const { return arguments.value(key); }
 
     /// Returns "abadr", the bus address, as text.
     QString abAddress() const;

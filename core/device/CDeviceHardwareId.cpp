@@ -2,7 +2,6 @@
 
 #include <core/base/DebugFields.h>
 #include <core/base/TextScanner.h>
-#include <core/device/TextTemplate.h>
 
 #include <QDataStream>
 #include <QDebug>
@@ -19,20 +18,6 @@ constexpr unsigned short NUMBER_LIMIT = 1000;
 QRegExp expression(const char* pattern)
 {
     return QRegExp(QString::fromLatin1(pattern).arg(DIGITS));
-}
-
-/// What the expression of the form with this many numbers matches exactly.
-bool isOfForm(const QString& text, int numbers)
-{
-    TextScanner scanner(text);
-    scanner.take(NCharacters::isNonDigit, 1);
-    for (int i = 0; i < numbers; ++i) {
-        if ((i > 0 && !scanner.takeOne('_')) || scanner.take(NCharacters::isDigit, DIGITS) != DIGITS) {
-            return false;
-        }
-    }
-    return scanner.atEnd()
-           || (scanner.takeOne('_') && scanner.take(NCharacters::isWord) > 0 && scanner.atEnd());
 }
 
 /// Takes one to three digits; gives their value, -1 if there is none.
@@ -71,11 +56,6 @@ QString numberText(unsigned short number)
     return number == NOT_SET ? QString() : QStringLiteral("%1").arg(number, DIGITS, 10, QLatin1Char('0'));
 }
 
-bool isPrefix(const QString& text)
-{
-    return text.isEmpty() || (text.size() == 1 && NCharacters::isNonDigit(text.at(0)));
-}
-
 } // namespace
 
 CDeviceHardwareId::CDeviceHardwareId(const QString& text)
@@ -89,11 +69,6 @@ CDeviceHardwareId& CDeviceHardwareId::operator=(const QString& text)
 {
     setHardwareId(text);
     return *this;
-}
-
-CDeviceHardwareId::operator QString() const
-{
-    return hardwareId();
 }
 
 QRegExp CDeviceHardwareId::minimumRegExp()
@@ -111,46 +86,6 @@ QRegExp CDeviceHardwareId::fullRegExp()
     return expression("^((\\D?\\d{%1}_\\d{%1}_\\d{%1}){1})(_{1}\\w+)?$");
 }
 
-bool CDeviceHardwareId::isMinimumHardwareId(const QString& text)
-{
-    return isOfForm(text, 1);
-}
-
-bool CDeviceHardwareId::isShortHardwareId(const QString& text)
-{
-    return isOfForm(text, 2);
-}
-
-bool CDeviceHardwareId::isFullHardwareId(const QString& text)
-{
-    return isOfForm(text, 3);
-}
-
-void CDeviceHardwareId::setPrefix(const QString& prefix)
-{
-    mPrefix = prefix;
-}
-
-QString CDeviceHardwareId::prefix() const
-{
-    return mPrefix;
-}
-
-void CDeviceHardwareId::setPlatform(unsigned short platform)
-{
-    mPlatform = platform;
-}
-
-void CDeviceHardwareId::setVersion(unsigned short version)
-{
-    mVersion = version;
-}
-
-void CDeviceHardwareId::setRevision(unsigned short revision)
-{
-    mRevision = revision;
-}
-
 bool CDeviceHardwareId::setPlatform(const QString& text)
 {
     return storeNumber(mPlatform, numberOf(text));
@@ -164,21 +99,6 @@ bool CDeviceHardwareId::setVersion(const QString& text)
 bool CDeviceHardwareId::setRevision(const QString& text)
 {
     return storeNumber(mRevision, numberOf(text));
-}
-
-unsigned short CDeviceHardwareId::platform() const
-{
-    return mPlatform;
-}
-
-unsigned short CDeviceHardwareId::version() const
-{
-    return mVersion;
-}
-
-unsigned short CDeviceHardwareId::revision() const
-{
-    return mRevision;
 }
 
 QString CDeviceHardwareId::platformStr() const
@@ -196,81 +116,15 @@ QString CDeviceHardwareId::revisionStr() const
     return numberText(mRevision);
 }
 
-void CDeviceHardwareId::setName(const QString& name)
-{
-    mName = name;
-}
-
-QString CDeviceHardwareId::name() const
-{
-    return mName;
-}
-
 bool CDeviceHardwareId::checkIVR(const QString& text) const
 {
     return numberOf(text) >= 0;
 }
 
-bool CDeviceHardwareId::isMinimumHardwareId() const
-{
-    return isPrefix(mPrefix) && mPlatform < NUMBER_LIMIT;
-}
-
-bool CDeviceHardwareId::isShortHardwareId() const
-{
-    return isMinimumHardwareId() && mVersion < NUMBER_LIMIT;
-}
-
-bool CDeviceHardwareId::isFullHardwareId() const
-{
-    return isShortHardwareId() && mRevision < NUMBER_LIMIT;
-}
-
-QString CDeviceHardwareId::minimumHardwareId() const
-{
-    return isMinimumHardwareId() ? form(1) : QString();
-}
-
-QString CDeviceHardwareId::shortHardwareId() const
-{
-    return isShortHardwareId() ? form(2) : QString();
-}
-
-QString CDeviceHardwareId::fullHardwareId() const
-{
-    return isFullHardwareId() ? form(3) : QString();
-}
-
 QString CDeviceHardwareId::hardwareId() const
 {
-    if (isFullHardwareId()) {
-        return fullHardwareId();
-    }
-    if (isShortHardwareId()) {
-        return shortHardwareId();
-    }
-    return isMinimumHardwareId() ? minimumHardwareId() : mName;
-}
-
-bool CDeviceHardwareId::isValid() const
-{
-    // The forms contain each other: what satisfies a richer one satisfies the minimum.
-    return isMinimumHardwareId();
-}
-
-bool CDeviceHardwareId::isEmpty() const
-{
-    return *this == CDeviceHardwareId();
-}
-
-bool CDeviceHardwareId::isNull() const
-{
-    return isEmpty();
-}
-
-void CDeviceHardwareId::clear()
-{
-    *this = CDeviceHardwareId();
+    const int count = numbers();
+    return count > 0 ? form(count) : mName;
 }
 
 bool CDeviceHardwareId::setHardwareId(const QString& text)
@@ -288,9 +142,18 @@ bool CDeviceHardwareId::operator==(const CDeviceHardwareId& other) const
            && mRevision == other.mRevision && mName == other.mName;
 }
 
-bool CDeviceHardwareId::operator!=(const CDeviceHardwareId& other) const
+// What the expression of the form with this many numbers matches exactly.
+bool CDeviceHardwareId::isOfForm(const QString& text, int count)
 {
-    return !(*this == other);
+    TextScanner scanner(text);
+    scanner.take(NCharacters::isNonDigit, 1);
+    for (int i = 0; i < count; ++i) {
+        if ((i > 0 && !scanner.takeOne('_')) || scanner.take(NCharacters::isDigit, DIGITS) != DIGITS) {
+            return false;
+        }
+    }
+    return scanner.atEnd()
+           || (scanner.takeOne('_') && scanner.take(NCharacters::isWord) > 0 && scanner.atEnd());
 }
 
 bool CDeviceHardwareId::parse(QStringView text)
@@ -321,14 +184,38 @@ bool CDeviceHardwareId::parse(QStringView text)
     return true;
 }
 
-QString CDeviceHardwareId::form(int numbers) const
+// The number of numbers in the richest form that the value has; 0 if it has none.
+int CDeviceHardwareId::numbers() const
 {
-    QStringList values = QStringList{mPrefix, platformStr(), versionStr(), revisionStr()}.mid(0, numbers + 1);
+    if (mPrefix.size() > 1 || (mPrefix.size() == 1 && NCharacters::isDigit(mPrefix.at(0)))) {
+        return 0;
+    }
+    int count = 0;
+    for (const unsigned short number : {mPlatform, mVersion, mRevision}) {
+        if (number >= NUMBER_LIMIT) {
+            break;
+        }
+        ++count;
+    }
+    return count;
+}
+
+QString CDeviceHardwareId::form(int count) const
+{
+    if (count > numbers()) {
+        return QString();
+    }
+    QStringList values = QStringList{mPrefix, platformStr(), versionStr(), revisionStr()}.mid(0, count + 1);
     if (!mName.isEmpty()) {
         values << mName;
     }
-    // One placeholder a value, and "_" before every one but the first two.
-    return filledTemplate(QStringLiteral("%1%2_%3_%4_%5").left(3 * values.size() - 2), values);
+    // One placeholder a value, and "_" before every one but the first two. A value that itself looks like a placeholder,
+    // alone or with what follows it, is filled by the next one: callers rely on names printed that way.
+    QString text = QStringLiteral("%1%2_%3_%4_%5").left(3 * values.size() - 2);
+    for (const QString& value : qAsConst(values)) {
+        text = text.arg(value);
+    }
+    return text;
 }
 
 NQtCompat::THash qHash(const CDeviceHardwareId& id, NQtCompat::THash seed) noexcept
@@ -340,34 +227,21 @@ NQtCompat::THash qHash(const CDeviceHardwareId& id, NQtCompat::THash seed) noexc
 
 QDataStream& operator<<(QDataStream& stream, const CDeviceHardwareId& id)
 {
-    return stream << id.prefix() << static_cast<qint16>(id.platform()) << static_cast<qint16>(id.version())
-                  << static_cast<qint16>(id.revision()) << id.name();
+    return stream << id.prefix() << id.platform() << id.version() << id.revision() << id.name();
 }
 
 QDataStream& operator>>(QDataStream& stream, CDeviceHardwareId& id)
 {
-    QString prefix;
-    quint16 platform = 0;
-    quint16 version = 0;
-    quint16 revision = 0;
-    QString name;
-    stream >> prefix >> platform >> version >> revision >> name;
-    id.setPrefix(prefix);
-    id.setPlatform(platform);
-    id.setVersion(version);
-    id.setRevision(revision);
-    id.setName(name);
-    return stream;
+    return stream >> id.mPrefix >> id.mPlatform >> id.mVersion >> id.mRevision >> id.mName;
 }
 
 QDebug operator<<(QDebug debug, const CDeviceHardwareId& id)
 {
-    constexpr unsigned short UNSET = 0xFFFF;
     DebugFields(debug, "CDeviceHardwareId")
         .field("prefix", id.prefix())
-        .field("platform", id.platform(), UNSET)
-        .field("version", id.version(), UNSET)
-        .field("revision", id.revision(), UNSET)
+        .field("platform", id.platform(), NOT_SET)
+        .field("version", id.version(), NOT_SET)
+        .field("revision", id.revision(), NOT_SET)
         .field("name", id.name());
     return debug;
 }

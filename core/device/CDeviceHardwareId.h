@@ -63,7 +63,7 @@ public:
     CDeviceHardwareId& operator=(const QString& text);
 
     /// The same as hardwareId().
-    operator QString() const;
+    operator QString() const { return hardwareId(); }
 
     /// Returns a new expression of the minimum form, for validators of input fields.
     static QRegExp minimumRegExp();
@@ -73,23 +73,23 @@ public:
     static QRegExp fullRegExp();
 
     /// Returns true if the whole text has the minimum form, with exactly three digits for each number. Does not allocate.
-    static bool isMinimumHardwareId(const QString& text);
+    static bool isMinimumHardwareId(const QString& text) { return isOfForm(text, 1); }
     /// Returns true if the whole text has the short form.
-    static bool isShortHardwareId(const QString& text);
+    static bool isShortHardwareId(const QString& text) { return isOfForm(text, 2); }
     /// Returns true if the whole text has the full form.
-    static bool isFullHardwareId(const QString& text);
+    static bool isFullHardwareId(const QString& text) { return isOfForm(text, 3); }
 
     /// Stored unchecked; a prefix of more than one character, or a digit, makes every form invalid.
-    void setPrefix(const QString& prefix);
+    void setPrefix(const QString& prefix) { mPrefix = prefix; }
     /// Returns the prefix as it was stored.
-    QString prefix() const;
+    QString prefix() const { return mPrefix; }
 
     /// Stored unchecked, 0 to 65535; from 1000 on the forms that need the number are invalid.
-    void setPlatform(unsigned short platform);
+    void setPlatform(unsigned short platform) { mPlatform = platform; }
     /// As setPlatform().
-    void setVersion(unsigned short version);
+    void setVersion(unsigned short version) { mVersion = version; }
     /// As setPlatform().
-    void setRevision(unsigned short revision);
+    void setRevision(unsigned short revision) { mRevision = revision; }
 
     /// One to three decimal digits; false for any other text, which leaves the number as it was.
     bool setPlatform(const QString& text);
@@ -99,11 +99,11 @@ public:
     bool setRevision(const QString& text);
 
     /// Returns the number, or 65535 if it is not set.
-    unsigned short platform() const;
+    unsigned short platform() const { return mPlatform; }
     /// As platform().
-    unsigned short version() const;
+    unsigned short version() const { return mVersion; }
     /// As platform().
-    unsigned short revision() const;
+    unsigned short revision() const { return mRevision; }
 
     /// Returns the number in decimal, padded with "0" to three digits; empty if it is not set.
     QString platformStr() const;
@@ -113,39 +113,39 @@ public:
     QString revisionStr() const;
 
     /// Stored unchecked.
-    void setName(const QString& name);
+    void setName(const QString& name) { mName = name; }
     /// Returns the name.
-    QString name() const;
+    QString name() const { return mName; }
 
     /// Returns true if the whole text is one to three decimal digits, as every number in a text must be.
     bool checkIVR(const QString& text) const;
 
     /// Returns true if the prefix is empty or one non-digit, and the platform is below 1000.
-    bool isMinimumHardwareId() const;
+    bool isMinimumHardwareId() const { return numbers() >= 1; }
     /// Returns true if isMinimumHardwareId(), and the version is below 1000.
-    bool isShortHardwareId() const;
+    bool isShortHardwareId() const { return numbers() >= 2; }
     /// Returns true if isShortHardwareId(), and the revision is below 1000.
-    bool isFullHardwareId() const;
+    bool isFullHardwareId() const { return numbers() >= 3; }
 
     /// Returns the text of the form; empty if the value does not have it.
-    QString minimumHardwareId() const;
+    QString minimumHardwareId() const { return form(1); }
     /// As minimumHardwareId(), for the short form.
-    QString shortHardwareId() const;
+    QString shortHardwareId() const { return form(2); }
     /// As minimumHardwareId(), for the full form.
-    QString fullHardwareId() const;
+    QString fullHardwareId() const { return form(3); }
 
     /// Returns the text of the richest form that the value has, or the name alone.
     QString hardwareId() const;
 
-    /// Returns true if the value has one of the forms.
-    bool isValid() const;
+    /// Returns true if the value has one of the forms, each of which contains the minimum.
+    bool isValid() const { return isMinimumHardwareId(); }
     /// Returns true if nothing is set.
-    bool isEmpty() const;
+    bool isEmpty() const { return *this == CDeviceHardwareId(); }
     /// The same as isEmpty().
-    bool isNull() const;
+    bool isNull() const { return isEmpty(); }
 
     /// Resets all fields to "not set".
-    void clear();
+    void clear() { *this = CDeviceHardwareId(); }
 
     /**
      * @brief Parses an identifier: an optional non-digit, up to three numbers of one to three digits with "_" between,
@@ -159,11 +159,15 @@ public:
     /// Compares all five fields.
     bool operator==(const CDeviceHardwareId& other) const;
     /// The negation of operator==.
-    bool operator!=(const CDeviceHardwareId& other) const;
+    bool operator!=(const CDeviceHardwareId& other) const { return !(*this == other); }
 
 private:
+    friend TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceHardwareId& id);
+
+    static bool isOfForm(const QString& text, int count);
     bool parse(QStringView text);
-    QString form(int numbers) const;
+    int numbers() const;
+    QString form(int count) const;
 
     QString mPrefix;
     unsigned short mPlatform = 0xFFFF;

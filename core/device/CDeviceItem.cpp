@@ -20,16 +20,6 @@ CDeviceItem::CDeviceItem(const CDeviceItem& other) noexcept = default;
 
 CDeviceItem& CDeviceItem::operator=(const CDeviceItem& other) noexcept = default;
 
-QString CDeviceItem::configurationName() const
-{
-    return mConfigurationName;
-}
-
-void CDeviceItem::setConfigurationName(const QString& configurationName)
-{
-    mConfigurationName = configurationName;
-}
-
 bool CDeviceItem::isValid() const
 {
     return !hostAddress.isNull() && port != 0 && hostAddrType != HOST_ADDR_NONE && value2 != 0;
@@ -49,11 +39,6 @@ bool CDeviceItem::operator==(const CDeviceItem& other) const
            && value1 == other.value1 && value2 == other.value2;
 }
 
-bool CDeviceItem::operator!=(const CDeviceItem& other) const
-{
-    return !(*this == other);
-}
-
 NQtCompat::THash qHash(const CDeviceItem& item, NQtCompat::THash seed) noexcept
 {
     seed = qHash(item.number, seed);
@@ -71,10 +56,7 @@ QDataStream& operator<<(QDataStream& stream, const CDeviceItem::EHostAddrType& t
 
 QDataStream& operator>>(QDataStream& stream, CDeviceItem::EHostAddrType& type)
 {
-    qint32 value = 0;
-    stream >> value;
-    type = static_cast<CDeviceItem::EHostAddrType>(value);
-    return stream;
+    return ::operator>><CDeviceItem::EHostAddrType>(stream, type); // Qt's, of any enumeration
 }
 
 QDataStream& operator<<(QDataStream& stream, const CDeviceItem& item)

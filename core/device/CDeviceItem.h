@@ -51,9 +51,9 @@ public:
     CDeviceItem& operator=(const CDeviceItem& other) noexcept;
 
     /// Returns the name of the device's configuration.
-    QString configurationName() const;
+    QString configurationName() const { return mConfigurationName; }
     /// Sets the name of the device's configuration.
-    void setConfigurationName(const QString& configurationName);
+    void setConfigurationName(const QString& configurationName) { mConfigurationName = configurationName; }
 
     /// Returns true if address, port, hostAddrType and value2 are all set: not null and not 0.
     bool isValid() const;
@@ -64,7 +64,7 @@ public:
     /// Compares all fields; the sub-devices in order, with their keys.
     bool operator==(const CDeviceItem& other) const;
     /// The negation of operator==.
-    bool operator!=(const CDeviceItem& other) const;
+    bool operator!=(const CDeviceItem& other) const { return !(*this == other); }
 
     unsigned int number = 0; ///< Device number. CDeviceList::addDevice() sets it to the key.
     QString name;            ///< Device name.

@@ -18,34 +18,9 @@ CDeviceList::CDeviceList(const CDeviceList& other) noexcept = default;
 
 CDeviceList& CDeviceList::operator=(const CDeviceList& other) noexcept = default;
 
-int CDeviceList::size() const
-{
-    return static_cast<int>(devices.size());
-}
-
-int CDeviceList::count() const
-{
-    return size();
-}
-
-bool CDeviceList::contains(unsigned int number) const
-{
-    return devices.contains(number);
-}
-
-CDeviceItem CDeviceList::device(unsigned int number) const
-{
-    return devices.value(number);
-}
-
 void CDeviceList::addDevice(unsigned int number, const CDeviceItem& item)
 {
     devices.insert(number, item)->number = number;
-}
-
-void CDeviceList::removeDevice(unsigned int number)
-{
-    devices.remove(number);
 }
 
 void CDeviceList::unite(const CDeviceList& other)
@@ -54,19 +29,9 @@ void CDeviceList::unite(const CDeviceList& other)
     NQtCompat::unite(devices, added);
 }
 
-void CDeviceList::clear()
-{
-    devices.clear();
-}
-
 bool CDeviceList::operator==(const CDeviceList& other) const
 {
     return name == other.name && sourceType == other.sourceType && devices == other.devices;
-}
-
-bool CDeviceList::operator!=(const CDeviceList& other) const
-{
-    return !(*this == other);
 }
 
 NQtCompat::THash qHash(const CDeviceList& list, NQtCompat::THash seed) noexcept
@@ -85,10 +50,7 @@ QDataStream& operator<<(QDataStream& stream, const CDeviceList::ESourceType& typ
 
 QDataStream& operator>>(QDataStream& stream, CDeviceList::ESourceType& type)
 {
-    qint32 value = 0;
-    stream >> value;
-    type = static_cast<CDeviceList::ESourceType>(value);
-    return stream;
+    return ::operator>><CDeviceList::ESourceType>(stream, type); // Qt's, of any enumeration
 }
 
 QDataStream& operator<<(QDataStream& stream, const CDeviceList& list)

@@ -51,21 +51,21 @@ public:
     CDeviceList& operator=(const CDeviceList& other) noexcept;
 
     /// Returns the number of entries. Several entries under one number count each.
-    int size() const;
+    int size() const { return static_cast<int>(devices.size()); }
     /// The same as size().
-    int count() const;
+    int count() const { return size(); }
 
     /// Returns true if the list has an entry of this number.
-    bool contains(unsigned int number) const;
+    bool contains(unsigned int number) const { return devices.contains(number); }
 
     /// Returns a copy of the first entry of this number, or a default item, which is not valid.
-    CDeviceItem device(unsigned int number) const;
+    CDeviceItem device(unsigned int number) const { return devices.value(number); }
 
     /// Stores a copy under `number` and sets the copy's number to `number`. Replaces the first entry of this number.
     void addDevice(unsigned int number, const CDeviceItem& item);
 
     /// Removes every entry of this number.
-    void removeDevice(unsigned int number);
+    void removeDevice(unsigned int number) { devices.remove(number); }
 
     /**
      * @brief Adds every entry of `other` before those of the same number here, and replaces none.
@@ -75,12 +75,12 @@ public:
     void unite(const CDeviceList& other);
 
     /// Removes all devices. Name and source stay.
-    void clear();
+    void clear() { devices.clear(); }
 
     /// Compares name, source and the devices in order, with their keys.
     bool operator==(const CDeviceList& other) const;
     /// The negation of operator==.
-    bool operator!=(const CDeviceList& other) const;
+    bool operator!=(const CDeviceList& other) const { return !(*this == other); }
 
     QString name;                                       ///< List name.
     ESourceType sourceType = SOURCE_NONE;               ///< Where the list came from.

@@ -61,26 +61,6 @@ private:
 
 } // namespace
 
-CIPv6Address::CIPv6Address(const QByteArray& bytes)
-{
-    setAddress(bytes);
-}
-
-CIPv6Address::CIPv6Address(const unsigned char* bytes)
-{
-    setAddress(bytes);
-}
-
-CIPv6Address::CIPv6Address(const QVariant& variant)
-{
-    setAddress(variant);
-}
-
-CIPv6Address::CIPv6Address(const QString& text)
-{
-    setAddress(text);
-}
-
 CIPv6Address::~CIPv6Address() = default;
 
 CIPv6Address& CIPv6Address::operator=(const QByteArray& bytes)
@@ -145,34 +125,9 @@ bool CIPv6Address::setAddress(const QString& text)
     return true;
 }
 
-CIPv6Address::operator QVariant() const
-{
-    return QVariant(byteArray());
-}
-
-CIPv6Address::operator QString() const
-{
-    return str();
-}
-
 QByteArray CIPv6Address::byteArray() const
 {
     return QByteArray(reinterpret_cast<const char*>(mBytes.data()), static_cast<int>(mBytes.size()));
-}
-
-unsigned char& CIPv6Address::operator[](int index)
-{
-    return mBytes[static_cast<std::size_t>(index)];
-}
-
-const unsigned char& CIPv6Address::operator[](int index) const
-{
-    return mBytes[static_cast<std::size_t>(index)];
-}
-
-void CIPv6Address::clear()
-{
-    mBytes.fill(0);
 }
 
 QString CIPv6Address::str() const
@@ -185,16 +140,6 @@ QString CIPv6Address::str() const
         *--first = u':';
     }
     return NDigits::text(first + 1, end);
-}
-
-bool CIPv6Address::operator==(const CIPv6Address& other) const
-{
-    return mBytes == other.mBytes;
-}
-
-bool CIPv6Address::operator!=(const CIPv6Address& other) const
-{
-    return !(*this == other);
 }
 
 NQtCompat::THash qHash(const CIPv6Address& address, NQtCompat::THash seed) noexcept

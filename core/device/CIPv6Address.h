@@ -41,13 +41,13 @@ public:
     CIPv6Address() = default;
 
     /// Calls setAddress() with the same argument on an address of zero bytes.
-    CIPv6Address(const QByteArray& bytes);
+    CIPv6Address(const QByteArray& bytes) { setAddress(bytes); }
     /// Calls setAddress() with the same argument on an address of zero bytes.
-    CIPv6Address(const unsigned char* bytes);
+    CIPv6Address(const unsigned char* bytes) { setAddress(bytes); }
     /// Calls setAddress() with the same argument on an address of zero bytes.
-    CIPv6Address(const QVariant& variant);
+    CIPv6Address(const QVariant& variant) { setAddress(variant); }
     /// Calls setAddress() with the same argument on an address of zero bytes.
-    CIPv6Address(const QString& text);
+    CIPv6Address(const QString& text) { setAddress(text); }
 
     /// Copies the 16 bytes.
     CIPv6Address(const CIPv6Address&) = default;
@@ -85,29 +85,29 @@ public:
     bool setAddress(const QString& text);
 
     /// Returns the 16 bytes as a byte array.
-    operator QVariant() const;
+    operator QVariant() const { return byteArray(); }
 
     /// The same as str().
-    operator QString() const;
+    operator QString() const { return str(); }
 
     /// Returns the 16 bytes in storage order.
     QByteArray byteArray() const;
 
     /// Returns the byte at `index`, which must be 0 to 15.
-    unsigned char& operator[](int index);
+    unsigned char& operator[](int index) { return mBytes[static_cast<std::size_t>(index)]; }
     /// Returns the byte at `index`, which must be 0 to 15.
-    const unsigned char& operator[](int index) const;
+    const unsigned char& operator[](int index) const { return mBytes[static_cast<std::size_t>(index)]; }
 
     /// Sets all bytes to 0.
-    void clear();
+    void clear() { mBytes.fill(0); }
 
     /// Returns eight groups in lower-case hexadecimal without leading zeros. No group is omitted.
     QString str() const;
 
     /// Compares the 16 bytes.
-    bool operator==(const CIPv6Address& other) const;
+    bool operator==(const CIPv6Address& other) const { return mBytes == other.mBytes; }
     /// The negation of operator==.
-    bool operator!=(const CIPv6Address& other) const;
+    bool operator!=(const CIPv6Address& other) const { return !(*this == other); }
 
 private:
     std::array<unsigned char, 16> mBytes{};

@@ -2,7 +2,6 @@
 
 #include <core/base/DebugFields.h>
 #include <core/base/TextScanner.h>
-#include <core/device/TextTemplate.h>
 
 #include <QDataStream>
 #include <QDebug>
@@ -109,11 +108,6 @@ CMotorBaseName& CMotorBaseName::operator=(const QString& fileName)
     return *this;
 }
 
-CMotorBaseName::operator QString() const
-{
-    return fileBaseName();
-}
-
 QString CMotorBaseName::defaultMotorBaseName()
 {
     return QStringLiteral("UNKNOWN_UNKNOWN_1");
@@ -155,16 +149,6 @@ bool CMotorBaseName::setNumber(const QString& number)
     return storeIf(mNumericNumber ? isNumericPart(number) : isPart(number), mNumber, number);
 }
 
-QString CMotorBaseName::manufacturer() const
-{
-    return mManufacturer;
-}
-
-QString CMotorBaseName::name() const
-{
-    return mName;
-}
-
 QString CMotorBaseName::number() const
 {
     return mNumber.isEmpty() ? QStringLiteral("0") : mNumber;
@@ -179,8 +163,8 @@ qint32 CMotorBaseName::numberAsI32() const
 
 QString CMotorBaseName::fileBaseName() const
 {
-    return isEmpty() ? QString()
-                     : filledTemplate(QStringLiteral("%1_%2_%3"), {mManufacturer, mName, number()});
+    // One argument after the other: callers rely on how a part that itself contains "%2" is printed.
+    return isEmpty() ? QString() : QStringLiteral("%1_%2_%3").arg(mManufacturer).arg(mName).arg(number());
 }
 
 bool CMotorBaseName::isValid() const
@@ -191,11 +175,6 @@ bool CMotorBaseName::isValid() const
 bool CMotorBaseName::isEmpty() const
 {
     return mManufacturer.isEmpty() && mName.isEmpty() && mNumber.isEmpty();
-}
-
-bool CMotorBaseName::isNull() const
-{
-    return isEmpty();
 }
 
 void CMotorBaseName::clear()
@@ -220,11 +199,6 @@ bool CMotorBaseName::setFileBaseName(const QString& fileName)
 bool CMotorBaseName::operator==(const CMotorBaseName& other) const
 {
     return mManufacturer == other.mManufacturer && mName == other.mName && mNumber == other.mNumber;
-}
-
-bool CMotorBaseName::operator!=(const CMotorBaseName& other) const
-{
-    return !(*this == other);
 }
 
 NQtCompat::THash qHash(const CMotorBaseName& motor, NQtCompat::THash seed) noexcept

@@ -55,7 +55,7 @@ public:
     CMotorBaseName& operator=(const QString& fileName);
 
     /// The same as fileBaseName().
-    operator QString() const;
+    operator QString() const { return fileBaseName(); }
 
     /// "UNKNOWN_UNKNOWN_1".
     static QString defaultMotorBaseName();
@@ -82,9 +82,9 @@ public:
     bool setNumber(const QString& number);
 
     /// Returns the stored text.
-    QString manufacturer() const;
+    QString manufacturer() const { return mManufacturer; }
     /// Returns the stored text.
-    QString name() const;
+    QString name() const { return mName; }
     /// Returns the number's text, or "0" if it is empty.
     QString number() const;
 
@@ -99,7 +99,7 @@ public:
     /// Returns true if all three parts are empty.
     bool isEmpty() const;
     /// The same as isEmpty().
-    bool isNull() const;
+    bool isNull() const { return isEmpty(); }
 
     /// Clears the three parts; the flag stays.
     void clear();
@@ -116,7 +116,7 @@ public:
     /// Compares the three parts, not the flag.
     bool operator==(const CMotorBaseName& other) const;
     /// The negation of operator==.
-    bool operator!=(const CMotorBaseName& other) const;
+    bool operator!=(const CMotorBaseName& other) const { return !(*this == other); }
 
 private:
     friend TLXCORE_EXPORT NQtCompat::THash qHash(const CMotorBaseName& motor, NQtCompat::THash seed) noexcept;

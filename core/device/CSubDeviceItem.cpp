@@ -19,11 +19,6 @@ bool CSubDeviceItem::operator==(const CSubDeviceItem& other) const
     return number == other.number && name == other.name;
 }
 
-bool CSubDeviceItem::operator!=(const CSubDeviceItem& other) const
-{
-    return !(*this == other);
-}
-
 NQtCompat::THash qHash(const CSubDeviceItem& item, NQtCompat::THash seed) noexcept
 {
     return qHash(item.name, qHash(item.number, seed));

@@ -33,7 +33,7 @@ public:
     /// Compares both fields.
     bool operator==(const CSubDeviceItem& other) const;
     /// The negation of operator==.
-    bool operator!=(const CSubDeviceItem& other) const;
+    bool operator!=(const CSubDeviceItem& other) const { return !(*this == other); }
 
     unsigned char number = 0; ///< Sub-device number. CDeviceItem::addSubDevice() sets it to the key.
     QString name;             ///< Display name.
