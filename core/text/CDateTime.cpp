@@ -6,6 +6,7 @@
 
 #include <QDataStream>
 #include <QDebug>
+#include <QTimeZone>
 #include <QtEndian>
 
 #include <algorithm>
@@ -31,6 +32,37 @@ QDateTime dateTimeOf(const QDate& date, const QTime& time, Qt::TimeSpec spec)
 {
     const bool utc = spec == Qt::UTC || spec == Qt::OffsetFromUTC;
     return QDateTime(time.isValid() ? date : QDate(), time, utc ? Qt::UTC : Qt::LocalTime);
+}
+
+void showSpec(QDebug& debug, const QDateTime& dateTime)
+{
+    if (dateTime.timeSpec() == Qt::LocalTime) {
+        debug << ", local time";
+    } else if (dateTime.timeSpec() == Qt::TimeZone) {
+        debug << ", " << dateTime.timeZone().id().constData();
+    }
+}
+
+// With the offset, which tells the two passes through the hour that the end of daylight saving repeats. A zone's offset
+// before its standard time has seconds, which the text lacks; Qt has no text of years beyond 0 to 9999.
+void showInstant(QDebug& debug, const QDateTime& dateTime)
+{
+    constexpr int MINUTE = 60;
+    if (dateTime.isNull()) {
+        return;
+    }
+    if (!dateTime.isValid()) {
+        debug << "not valid, " << dateTime.date() << ", " << dateTime.time();
+    } else {
+        const int offset = dateTime.offsetFromUtc() / MINUTE * MINUTE;
+        const QString text = dateTime.toOffsetFromUtc(offset).toString(Qt::ISODateWithMs);
+        if (text.isEmpty()) {
+            debug << dateTime.toMSecsSinceEpoch() << " ms since 1970";
+        } else {
+            debug << text;
+        }
+    }
+    showSpec(debug, dateTime);
 }
 
 } // namespace
@@ -206,6 +238,8 @@ NQtCompat::THash qHash(const CDateTime& dateTime, NQtCompat::THash seed) noexcep
 QDebug operator<<(QDebug debug, const CDateTime& dateTime)
 {
     const QDebugStateSaver saver(debug);
-    debug.nospace() << "CDateTime(" << dateTime.mDateTime.toString(Qt::ISODateWithMs) << ')';
+    debug.nospace() << "CDateTime(";
+    showInstant(debug, dateTime.mDateTime);
+    debug << ')';
     return debug;
 }

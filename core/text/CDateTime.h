@@ -147,7 +147,8 @@ TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime)
 /// Equal for equal instants.
 TLXCORE_EXPORT NQtCompat::THash qHash(const CDateTime& dateTime, NQtCompat::THash seed = 0) noexcept;
 
-/// Shows the type and the ISO 8601 text with milliseconds: CDateTime("2024-03-05T13:07:09.456Z").
+/// Shows the type and the ISO 8601 text with milliseconds and offset, then the zone unless it is UTC or an offset:
+/// CDateTime("2024-03-05T13:07:09.456Z"), CDateTime("2024-03-05T14:07:09.456+01:00", local time).
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CDateTime& dateTime);
 
 Q_DECLARE_TYPEINFO(CDateTime, Q_MOVABLE_TYPE);

@@ -64,7 +64,17 @@ NQtCompat::THash hash(const unsigned short* data, int units, NQtCompat::THash se
 void show(QDebug& debug, const char* name, const unsigned short* data, int units)
 {
     const QDebugStateSaver saver(debug);
-    debug.nospace() << name << '(' << text(data, units) << ')';
+    const QString shown = text(data, units);
+    debug.nospace() << name << '(' << shown;
+    int end = units;
+    while (end > shown.size() && data[end - 1] == 0) {
+        --end;
+    }
+    if (end > shown.size()) {
+        debug << ", after the terminator "
+              << QString(reinterpret_cast<const QChar*>(data) + shown.size() + 1, end - shown.size() - 1);
+    }
+    debug << ')';
 }
 
 } // namespace NFixedString

@@ -129,7 +129,7 @@ public:
         return NFixedString::hash(value.units(), N, seed);
     }
 
-    /// Shows the class and the text.
+    /// Shows the class, the text, and the units after the terminator unless all are zero.
     friend QDebug operator<<(QDebug debug, const Derived& value)
     {
         NFixedString::show(debug, Derived::className(), value.units(), N);

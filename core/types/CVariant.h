@@ -417,7 +417,7 @@ TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CVariant& value);
 /// Consistent with operator==; floats, whose comparison is fuzzy, hash by their type alone.
 TLXCORE_EXPORT NQtCompat::THash qHash(const CVariant& value, NQtCompat::THash seed = 0);
 
-/// Shows the type's name and the value's text.
+/// Shows the type's name and what operator== compares: the value's text, or the fields of a "DATETIME".
 TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CVariant& value);
 
 Q_DECLARE_METATYPE(CVariant)

@@ -33,6 +33,13 @@ QString integerText(Integer number)
     return QString(begin, static_cast<int>(end - begin));
 }
 
+template <typename Float>
+QString floatText(Float number)
+{
+    return QString::number(static_cast<double>(number), 'g',
+                           sizeof(Float) == sizeof(float) ? F32_DIGITS : F64_DIGITS);
+}
+
 // A fixed-length string of any length; what is none has no text.
 QString utf16Text(const QVariant& payload)
 {
@@ -99,6 +106,25 @@ NTypes::tsDateTime parsedDateTime(const QString& text)
         {static_cast<qint8>(date.day()), static_cast<qint8>(date.month()), static_cast<qint16>(date.year())}};
 }
 
+// Reads the value as operator== does: an unreadable payload, or one wider than its type, shows what is compared.
+void showCompared(QDebug& debug, const CVariant& value)
+{
+    visitType(value.type(), [&](auto payload) {
+        using T = typename decltype(payload)::Type;
+        if constexpr (std::is_unsigned<T>::value) {
+            debug << integerText(value.toU64());
+        } else if constexpr (IS_INTEGER<T>) {
+            debug << integerText(value.toI64());
+        } else if constexpr (IS_FLOAT<T>) {
+            debug << floatText(static_cast<T>(value));
+        } else if constexpr (IS_DATE_TIME<T>) {
+            debug << NPackedDateTime::unpack(value.toI64());
+        } else {
+            debug << value.toStr();
+        }
+    });
+}
+
 } // namespace
 
 QString CVariant::toStr() const
@@ -108,8 +134,7 @@ QString CVariant::toStr() const
         if constexpr (IS_INTEGER<T>) {
             return integerText(as<T>(mValue));
         } else if constexpr (IS_FLOAT<T>) {
-            return QString::number(static_cast<double>(as<T>(mValue)), 'g',
-                                   sizeof(T) == sizeof(float) ? F32_DIGITS : F64_DIGITS);
+            return floatText(as<T>(mValue));
         } else if constexpr (IS_FIXED_STRING<T>) {
             return utf16Text(mValue);
         } else if constexpr (IS_DATE_TIME<T>) {
@@ -188,6 +213,8 @@ QDebug operator<<(QDebug debug, const CVariant& value)
     } else {
         debug << static_cast<quint32>(value.mType);
     }
-    debug << ", " << value.toStr() << ')';
+    debug << ", ";
+    showCompared(debug, value);
+    debug << ')';
     return debug;
 }
