@@ -3,6 +3,7 @@
 #include <core/app/CCompanyStrings.cpp>
 #include <fuzz/support/Fuzzer.h>
 
+#include <algorithm>
 #include <unistd.h>
 
 namespace {
@@ -43,10 +44,61 @@ QString image(const QString& name)
     return name.isEmpty() ? QString() : CPath::imagePath(false) + name;
 }
 
-void checkCompany(const QSettings& settings)
+// Only a name with a slash, in one of Qt's ways to write it, lies within a section: "[A/B]", "A\B=", "A%2fB=".
+bool hasNameWithin(const QByteArray& bytes)
 {
-    const auto text = [&settings](const char* key) {
-        return settings.value(QLatin1String("COMPANY/") + QLatin1String(key)).toString();
+    const QList<QByteArray> lines = QByteArray(bytes).replace('\r', '\n').split('\n');
+    return std::any_of(lines.begin(), lines.end(), [](const QByteArray& line) {
+        const QByteArray name = line.trimmed().startsWith('[') ? line : line.left(line.indexOf('='));
+        return name.contains('/') || name.contains('\\') || name.contains('%');
+    });
+}
+
+/// Qt's answers about a file of the same bytes.
+class Peer
+{
+public:
+    Peer(const QString& path, const QByteArray& bytes)
+        : mSlashes(hasNameWithin(bytes))
+        , mByKey(copyOf(path + QLatin1String(".keys"), bytes), QSettings::IniFormat)
+        , mWhole(copyOf(path + QLatin1String(".whole"), bytes), QSettings::IniFormat)
+    {
+        mWhole.allKeys();
+    }
+
+    ~Peer()
+    {
+        QFile::remove(mByKey.fileName());
+        QFile::remove(mWhole.fileName());
+    }
+
+    // Asked key by key, Qt passes over a section while one whose name sorts between the section and the key is not parsed
+    // yet ("PRODUCT1/A" before the key "PRODUCT1/Name"). The library reads the file whole, so it may know a key more.
+    QString text(const QString& key) const
+    {
+        if (mByKey.contains(key)) {
+            return mByKey.value(key).toString();
+        }
+        FUZZ_CHECK(mSlashes || !mWhole.contains(key));
+        return mWhole.value(key).toString();
+    }
+
+private:
+    static QString copyOf(const QString& path, const QByteArray& bytes)
+    {
+        writeFile(path, bytes);
+        return path;
+    }
+
+    bool mSlashes;
+    QSettings mByKey;
+    QSettings mWhole;
+};
+
+void checkCompany(const Peer& peer)
+{
+    const auto text = [&peer](const char* key) {
+        return peer.text(QLatin1String("COMPANY/") + QLatin1String(key));
     };
     FUZZ_CHECK(CCompanyStrings::getCompanyLongName() == text("NameLong"));
     FUZZ_CHECK(CCompanyStrings::getCompanyMediumName() == text("NameMedium"));
@@ -58,11 +110,11 @@ void checkCompany(const QSettings& settings)
     FUZZ_CHECK(CCompanyStrings::getLogoBitmapFile_16x16() == image(text("Logo_16x16")));
 }
 
-void checkProduct(const QSettings& settings, int number)
+void checkProduct(const Peer& peer, int number)
 {
     const QString section = QLatin1String("PRODUCT") + QString::number(number);
-    const auto text = [&settings, &section](const char* key) {
-        return settings.value(section + QLatin1Char('/') + QLatin1String(key)).toString();
+    const auto text = [&peer, &section](const char* key) {
+        return peer.text(section + QLatin1Char('/') + QLatin1String(key));
     };
     const QString name = text("Name");
     FUZZ_CHECK(CCompanyStrings::getProductName(number) == (name.isEmpty() ? section : name));
@@ -83,18 +135,13 @@ static void fuzz(Input& input)
     const int number = input.take<qint8>();
     const QByteArray bytes = input.bytes();
     writeFile(directory + name, bytes);
-    writeFile(directory + QLatin1String("peer-") + name, bytes);
     {
-        const QSettings settings(directory + QLatin1String("peer-") + name, QSettings::IniFormat);
-        // The library reads the file whole. Asked key by key, Qt passes over a section while one whose name sorts between
-        // the section and the key is not parsed yet ("PRODUCT1/a" before the key "PRODUCT1/Name").
-        settings.allKeys();
+        const Peer peer(directory + name, bytes);
         reopen(name);
-        checkCompany(settings);
-        checkProduct(settings, number);
+        checkCompany(peer);
+        checkProduct(peer, number);
         reopen(name);
     }
     FUZZ_CHECK(readFile(directory + name) == bytes);
     QFile::remove(directory + name);
-    QFile::remove(directory + QLatin1String("peer-") + name);
 }

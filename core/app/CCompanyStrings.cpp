@@ -48,6 +48,8 @@ CValues readAll(const QString& path)
 {
     const QSettings settings(path, QSettings::IniFormat);
     CValues values;
+    // Listing the keys has Qt parse every section. Asked key by key it passes over a section while another one, whose
+    // name lies between the section's and the key ("A/B" before "A/Key"), waits to be parsed.
     const QStringList keys = settings.allKeys();
     for (const QString& key : keys) {
         // Qt drops the slash, but takes a key of nothing else for one that is not empty.

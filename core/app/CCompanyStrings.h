@@ -17,7 +17,8 @@
  * replaces the built-in one completely. The file is read once, and the choice holds for the life of the
  * process. Any thread may call, a message handler included; of two first calls at once each reads the file.
  *
- * A missing key reads as an empty text, as does every key of a file that is damaged or cannot be read.
+ * A missing key reads as an empty text, as does every key of a file that cannot be opened. Of a damaged file every
+ * key that QSettings still finds is read; a line that assigns nothing is skipped.
  *
  * An "image file" is the absolute path of the named file in CPath::imagePath(), which is created when it is missing;
  * it is empty when the key is.

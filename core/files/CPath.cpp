@@ -196,7 +196,7 @@ QString CPath::prependPathIfNoPathIsGiven(const QString& fileName, const QString
     if (fileName.isEmpty() || doesFilenameContainPath(fileName)) {
         return fileName;
     }
-    const QDir directory(fileInfo(path).absolutePath());
+    const QDir directory(path.isEmpty() ? QDir::currentPath() : fileInfo(path).absolutePath());
     const bool isBareColon = fileName.startsWith(QLatin1Char(':'));
     return QFileInfo(directory, isBareColon ? QLatin1String("./") + fileName : fileName).absoluteFilePath();
 }

@@ -45,6 +45,8 @@ private Q_SLOTS:
     void iniRules();
     void damaged_data();
     void damaged();
+    void damagedInPart_data();
+    void damagedInPart();
     void directoryInPlaceOfFile();
     void unreadableFile();
     void choiceIsNotRevisited();
@@ -305,6 +307,52 @@ void tst_CCompanyStrings::damaged()
 
     QCOMPARE(answers.size(), 18);
     QCOMPARE(answers.values().join(QString()), QString());
+}
+
+// What QSettings finds in spite of the damage is read, in whatever order it is asked for.
+void tst_CCompanyStrings::damagedInPart_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("shortName");
+    QTest::addColumn<QString>("product");
+
+    const QByteArray product = "[PRODUCT12]\r\nName=Tool\r\n";
+    const QString own = QStringLiteral("Own");
+    const QString tool = QStringLiteral("Tool");
+    const QString none = QStringLiteral("PRODUCT12");
+    QTest::newRow("section without closing bracket")
+        << QByteArray("[COMPANY\r\nNameShort=Own\r\n[PRODUCT12\r\nName=Tool\r\n") << own << tool;
+    QTest::newRow("line without equals sign")
+        << "[COMPANY]\r\nNameLong\r\nNameShort=Own\r\n" + product << own << tool;
+    QTest::newRow("section twice") << "[COMPANY]\r\nNameShort=Old\r\n" + product
+                                          + "[COMPANY]\r\nNameShort=Own\r\n"
+                                   << own << tool;
+    QTest::newRow("keys before the first section")
+        << "NameShort=Own\r\nName=x\r\n" + product << QString() << tool;
+    QTest::newRow("section cut in the middle")
+        << QByteArray("[COMPANY]\r\nNameShort=Own\r\n[PRODUCT1") << own << none;
+    QTest::newRow("quote that never ends")
+        << "[COMPANY]\r\nNameShort=Own\r\nNameLong=\"a\r\n" + product << own << none;
+    // Qt has a section of that name, which lies between "PRODUCT12/" and "PRODUCT12/Name".
+    QTest::newRow("section within a section") << "[PRODUCT12/A]\r\nb=c\r\n" + product << QString() << tool;
+    QTest::newRow("empty section within a section") << "[PRODUCT12/1]\r\n" + product << QString() << tool;
+    QTest::newRow("broken section within a section") << "[PRODUCT12//x\r\n" + product << QString() << tool;
+    QTest::newRow("section and key before the first section")
+        << QByteArray("PRODUCT12\\Name=Tool\r\n") << QString() << tool;
+}
+
+void tst_CCompanyStrings::damagedInPart()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, shortName);
+    QFETCH(QString, product);
+    const InstalledProgram probe(QStringLiteral(COMPANY_PROBE));
+    QVERIFY(writeSettings(probe, content));
+
+    const QMap<QString, QString> answers = probe.run({QStringLiteral("12"), QStringLiteral("company")});
+
+    QCOMPARE(answers.value(QStringLiteral("shortName")), shortName);
+    QCOMPARE(answers.value(QStringLiteral("12.name")), product);
 }
 
 void tst_CCompanyStrings::directoryInPlaceOfFile()

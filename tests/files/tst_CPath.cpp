@@ -144,6 +144,12 @@ void tst_CPath::prependPathIfNoPathIsGiven_data()
         << name << QStringLiteral(":x.txt") << gHere + QStringLiteral("/f.txt");
     QTest::newRow("colon first in both")
         << QStringLiteral(":f.txt") << QStringLiteral(":sub/x") << gHere + QStringLiteral("/:sub/:f.txt");
+    const QString halfPair = QString(QChar(0xD942)) + QLatin1Char('x');
+    QTest::newRow("half a surrogate pair")
+        << halfPair << drive + QStringLiteral("/d/") << drive + QStringLiteral("/d/") + halfPair;
+    QTest::newRow("half a surrogate pair, no path")
+        << halfPair << QString() << gHere + QLatin1Char('/') + halfPair;
+    QTest::newRow("no path") << name << QString() << gHere + QStringLiteral("/f.txt");
     QTest::newRow("into a resource") << name << QStringLiteral(":/d/x.txt") << QStringLiteral(":/d/f.txt");
     QTest::newRow("is a resource") << QStringLiteral(":/f.txt") << drive + QStringLiteral("/d/")
                                    << QStringLiteral(":/f.txt");
@@ -217,6 +223,13 @@ void tst_CPath::filePath_data()
     QTest::newRow("relative directory") << QStringLiteral("e/") << gHere + QStringLiteral("/e");
     QTest::newRow("colon first") << QStringLiteral(":f.txt") << gHere;
     QTest::newRow("colon alone") << QStringLiteral(":") << gHere;
+    QTest::newRow("colon first and a control character") << QStringLiteral(":a  <\001`!") << gHere;
+    QTest::newRow("half a surrogate pair in the directory")
+        << QString(QChar(0xD942)) + QStringLiteral("x/f")
+        << gHere + QLatin1Char('/') + QChar(0xD942) + QLatin1Char('x');
+    QTest::newRow("zero character in the directory")
+        << QStringLiteral("a") + QChar(0) + QStringLiteral("b/f")
+        << gHere + QStringLiteral("/a") + QChar(0) + QLatin1Char('b');
     QTest::newRow("colon first in a directory")
         << QStringLiteral(":e/f.txt") << gHere + QStringLiteral("/:e");
     QTest::newRow("resource") << QStringLiteral(":/e/f.txt") << QStringLiteral(":/e");

@@ -167,6 +167,8 @@ void tst_CDateTimeValue::streamHostile_data()
     QTest::newRow("5.15, time spec 4") << int(QDataStream::Qt_5_15) << fromHexText("04");
     QTest::newRow("5.15, time spec 127") << int(QDataStream::Qt_5_15) << fromHexText("7f");
     QTest::newRow("5.15, time spec -1") << int(QDataStream::Qt_5_15) << fromHexText("ff");
+    QTest::newRow("5.0, time spec 4") << int(QDataStream::Qt_5_0) << fromHexText("04");
+    QTest::newRow("5.0, time spec 33") << int(QDataStream::Qt_5_0) << fromHexText("21");
     QTest::newRow("5.0, time spec 127") << int(QDataStream::Qt_5_0) << fromHexText("7f");
     QTest::newRow("5.0, time spec -1") << int(QDataStream::Qt_5_0) << fromHexText("ff");
     const QByteArray up = streamed(QStringLiteral("../../../etc/passwd"));
