@@ -24,7 +24,7 @@
  * it is empty when the key is.
  *
  * @code
- * setWindowTitle(CCompanyStrings::getCompanyShortName() + " " + CCompanyStrings::getProductName(101));
+ * setWindowTitle(CCompanyStrings::getCompanyShortName() + QLatin1Char(' ') + CCompanyStrings::getProductName(101));
  * @endcode
  *
  * Any thread may call these functions, see \ref threads.

@@ -20,7 +20,7 @@
  * define the ranges of addresses, user levels and device classes.
  *
  * @code
- * QStringList list{"tool", "drvadr=3", "port=0x1F40"};
+ * QStringList list = QStringLiteral("tool drvadr=3 port=0x1F40").split(QLatin1Char(' '));
  * CCommandLineParser arguments(&list);
  * arguments.port(); // 8000
  * @endcode

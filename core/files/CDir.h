@@ -26,7 +26,7 @@
  * break and contains the path in the local 8-bit encoding.
  *
  * @code
- * if (!CDir::copyFileF(download, CPath::imagePath(true) + QStringLiteral("drive.img"))) { ... }
+ * const bool copied = CDir::copyFileF(download, CPath::configPath(true) + QStringLiteral("view.ini"));
  * const QFileInfoList motors = CDir::entryInfoList(path, {QStringLiteral("*.mot")}, NtlxGlobal::DIR_FILTER_FILES);
  * @endcode
  *

@@ -30,9 +30,10 @@ class QDebug;
  * Names and paths are case-sensitive. An unknown number counts as EP_INVALID.
  *
  * @code
- * const auto entryPoint = CFTPath::fromPath(path);                    // "/tmp/trace/a.bin": EP_TMP
- * const QString name = CFTPath::toString(entryPoint);                 // "TMP"
- * const QString below = CFTPath::toRelativePath(path, entryPoint);    // "trace/a.bin"
+ * const QString path = QStringLiteral("/tmp/trace/a.bin");
+ * const auto entryPoint = CFTPath::fromPath(path);       // CFTPath::EP_TMP
+ * CFTPath::toString(entryPoint);                         // "TMP"
+ * CFTPath::toRelativePath(path, entryPoint);             // "trace/a.bin"
  * @endcode
  *
  * Any thread may call these functions, see \ref threads.

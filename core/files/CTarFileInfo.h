@@ -18,7 +18,7 @@ class QDebug;
  * devices, the long-name records of GNU tar and so on), whose other fields are set nevertheless.
  * @code
  * const CTarFileInfo info = tar.info(tar.index(QStringLiteral("firmware/image.bin")));
- * if (info.mType == CTarFileInfo::TYPE_FILE) { ... info.mSize ... }
+ * const qint64 bytes = info.mType == CTarFileInfo::TYPE_FILE ? info.mSize : 0;
  * @endcode
  *
  * Distinct objects may be used on distinct threads, see \ref threads.

@@ -23,9 +23,9 @@ class QDebug;
  *
  * @code
  * const CTlString::SFormatValue money(2, 6, 0, CTlString::NOTATION_FIXED_POINT);
- * CTlString::toStr(1234, money);                   // " 12.34"
+ * CTlString::toStr(1234, money);                                  // " 12.34"
  * bool ok = false;
- * CTlString::toI32(" 12.34", money, 1.0, &ok);     // 1234
+ * CTlString::toI32(QStringLiteral(" 12.34"), money, 1.0, &ok);    // 1234
  * @endcode
  *
  * Any thread may call these functions, see \ref threads.

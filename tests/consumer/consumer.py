@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Uses the library as another project does: installed, found, linked, run, also after its tree was moved.
 
-usage: consumer.py --source ROOT --cmake CMAKE --generator NAME --compiler CXX {tool-start --build BUILD | static | subproject}
+usage: consumer.py --source ROOT --cmake CMAKE --generator NAME --compiler CXX {tool-start --build BUILD | examples --build BUILD | static | subproject}
 """
 import argparse
 import os
@@ -128,6 +128,45 @@ def tool_start(consumer):
     check(str(plain) in output, f"tlx does not run from the moved tree:\n{output}")
 
 
+def cmake_blocks(source):
+    """The ```cmake blocks of the pages, each with a name of its own."""
+    for page in [source / "README.md", *sorted((source / "docs").glob("*.md"))]:
+        text = page.read_text(encoding="utf-8")
+        for number, block in enumerate(re.findall(r"^```cmake\n(.*?)^```$", text, re.MULTILINE | re.DOTALL)):
+            yield f"{page.stem}-{number}", block
+
+
+def try_block(consumer, prefix, name, block):
+    """A block is a project, or the part of one with the target `tool`; what it fetches is the library at hand."""
+    project, source = consumer.work / name, consumer.options.source
+    (project / "third_party").mkdir(parents=True)
+    (project / "third_party/tlxCore").symlink_to(source)
+    shutil.copy(source / "examples/first-tool/main.cpp", project)
+    if "project(" not in block:
+        block = ("cmake_minimum_required(VERSION 3.16)\nproject(tool LANGUAGES CXX)\nadd_executable(tool main.cpp)\n"
+                 + block)
+    (project / "CMakeLists.txt").write_text(block)
+    build = consumer.work / f"build-{name}"
+    consumer.configure(project, build, f"-DCMAKE_PREFIX_PATH={prefix}", f"-DFETCHCONTENT_SOURCE_DIR_TLXCORE={source}")
+    if "find_package(tlxCore" in block:
+        consumer.build(build)
+
+
+def examples(consumer):
+    """Every example, and every ```cmake block of the pages; those that build the library are configured only."""
+    prefix, build = consumer.work / "installed", consumer.work / "examples"
+    consumer.install(consumer.options.build, prefix)
+    consumer.configure(consumer.options.source / "tests/consumer/examples", build, f"-DCMAKE_PREFIX_PATH={prefix}",
+                       f"-DTLX_EXAMPLES={consumer.options.source / 'examples'}")
+    consumer.build(build)
+    run("ctest", "--output-on-failure", "--no-tests=error", cwd=build, env=consumer.environment)
+    blocks = list(cmake_blocks(consumer.options.source))
+    check(blocks, "the pages show no CMake code")
+    for name, block in blocks:
+        try_block(consumer, prefix, name, block)
+    print(f"{len(blocks)} blocks of CMake code")
+
+
 def static(consumer):
     build, prefix = consumer.work / "library", consumer.work / "installed"
     consumer.configure(consumer.options.source, build, "-DBUILD_SHARED_LIBS=OFF", "-DCMAKE_BUILD_TYPE=Debug",
@@ -176,13 +215,13 @@ def main():
     parser.add_argument("--cmake", required=True)
     parser.add_argument("--generator", required=True)
     parser.add_argument("--compiler", required=True)
-    parser.add_argument("what", choices=["tool-start", "static", "subproject"])
+    parser.add_argument("what", choices=["tool-start", "examples", "static", "subproject"])
     parser.add_argument("--build", type=pathlib.Path)
     options = parser.parse_args()
     with tempfile.TemporaryDirectory() as work:
         consumer = Consumer(options, pathlib.Path(work).resolve())
         try:
-            {"tool-start": tool_start, "static": static, "subproject": subproject}[options.what](consumer)
+            {"tool-start": tool_start, "examples": examples, "static": static, "subproject": subproject}[options.what](consumer)
         except Fault as fault:
             print(fault)
             return 1

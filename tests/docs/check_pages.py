@@ -14,8 +14,6 @@ import urllib.parse
 
 PAGES = {"front": "index.html", "class": "classCVariant.html", "guide": "coming_from_qt.html", "tables": "formats.html"}
 WIDTHS = (1280, 420)
-# Doxygen links to this section of a class also where it omits it, since all nested classes are private.
-PRIVATE_CLASSES = "nested-classes"
 # The contents scroll inside a frame beside the navigation tree.
 TOO_WIDE = """return Math.max(...[document.documentElement, document.getElementById("doc-content")]
     .filter(part => part).map(part => part.scrollWidth - part.clientWidth));"""
@@ -49,8 +47,6 @@ def dead_links(root):
             target = path if not url.path else (path.parent / urllib.parse.unquote(url.path)).resolve()
             if not target.exists():
                 yield f"{path.name}: {reference} leads nowhere"
-            elif url.fragment == PRIVATE_CLASSES:
-                continue
             elif url.fragment and target in pages and url.fragment not in pages[target].anchors:
                 yield f"{path.name}: {reference} names no place on its page"
 
