@@ -171,12 +171,14 @@ protected:
     }
 
 private:
+    /// @cond INTERNAL
     struct SBlock : QSharedData
     {
         quint32 unused[3] =
             {}; // the units begin at an even 16 bytes, which streams and comparison are faster with
         TArray units = {};
     };
+    /// @endcond
 
     static constexpr int BYTES = static_cast<int>(sizeof(TArray));
 
