@@ -43,6 +43,33 @@ def tar_seeds():
                                           tar_header(b"lying", 8 ** 11 - 1, b"0") + end)]
 
 
+def extract_seeds():
+    end = bytes(1024)
+    data = b"hello".ljust(512, b"\0")
+    names = (b"a", b"../up", b"/absolute", b"b/../../up", b"c/through", b"b/in")
+    links = ((b"l", b"a"), (b"l", b"../beside"), (b"b/l", b"../a"), (b"l", b"/etc"), (b"l", b"b/../../up"))
+    whole = (tar_header(b"d/", 0, b"5") + tar_header(b"d/f", 5, b"0") + data + tar_header(b"d/l", 0, b"2", b"f")
+             + tar_header(b"h", 0, b"1", b"d/f"))
+    long_name = tar_header(b"././@LongLink", 300, b"L") + (b"../" * 100).ljust(512, b"\0")
+    archives = [tar_header(name, 5, b"0") + data for name in names]
+    archives += [tar_header(name, 0, b"2", target) + tar_header(b"l/f", 5, b"0") + data for name, target in links]
+    archives += [whole, long_name + archives[0], archives[0] + archives[0]]
+    return [bytes((mode,)) + archive + end for archive in archives for mode in (0, 6)]
+
+
+def device_json_seeds():
+    def listed(name, count):
+        return name + struct.pack(">iI", 2, count)
+    item = ('{"key":5,"number":5,"name":"Lift","addressType":1,"address":"192.168.0.7","port":1700,'
+            '"configuration":"","extraText":"","extraText2":"conf","flag1":true,"flag2":false,"value1":7,"value2":1,'
+            '"subDevices":[{"key":3,"number":3,"name":"Brake"}]}')
+    half = b"\0\0\0\2\xd8\x00"
+    return [b"\0\0" + listed(text("Hall"), 1) + struct.pack(">I", 5) + device(5), b"\0\0" + listed(half, 0),
+            b"\0\1" + listed(NULL_TEXT, 0),
+            b"\1\0" + ('{"name":"Hall","sourceType":2,"devices":[%s,%s]}' % (item, item)).encode(),
+            b"\1\1" + b'{"name":"","sourceType":-1,"devices":[]}']
+
+
 def device(number):
     sub_devices = struct.pack(">I", 1) + b"\x03" + b"\x03" + text("Brake")
     address = b"\x00" + struct.pack(">I", 0xC0A80007)
@@ -93,9 +120,11 @@ SEEDS = {
     "fuzz_crc": [struct.pack("<BdB", 3, 2.5, 0) + b"123456789", struct.pack("<BdB", 0, -1e300, 200) + bytes(300)],
     "fuzz_date_time": [struct.pack("<QQB", 0x07E803050D07092D, 0x07E8031F021E0000, 0) + b"\x2d\x09\x07\x0d\x05",
                        struct.pack("<QQB", 0xFFFFFFFFFFFFFFFF, 0x07E80A1B021E0000, 1)],
+    "fuzz_device_json": device_json_seeds(),
     "fuzz_duration": [struct.pack("<QBQBd", 1500, 3, 2, 4, 1.5) + b"ms", struct.pack("<QBQBd", 2 ** 64 - 1, 6, 3, 0, -2.5)],
     "fuzz_entry_point": [struct.pack("<I", 8) + path for path in (b"/tmp/trace/a.bin", b"OPT/x", b"CONSTCONFIG/file.ini",
                                                                   b"xTARVENIK", b"UNIT_DATE_TIME", b"TMP")],
+    "fuzz_extract": extract_seeds(),
     "fuzz_hardware_id": [b"A012", b"A012_003", b"A012_003_001_Board_2", b"1_2_3_4", "A\u0660\u0661\u0662_b".encode()],
     "fuzz_ipv6": [b"\1fe80:0:0:0:0:0:0:1", b"\1::1", b"\1FE80:0000:12aF::0:0:0:0001", b"\0" + bytes(range(16))],
     "fuzz_motor_name": [b"\0C:/motors/ACME_M100_1", b"\1A_B_12", b"\0a-b&c+d", b"\1\x37\t\r", "\0\u017f_\u0131_1".encode()],

@@ -119,7 +119,7 @@ void tst_tlxExtract::extractsNamedMembers()
 
     const STlxRun missing = place.extract({"b"_text, "none"_text});
     QCOMPARE(missing.exitCode, 1);
-    QCOMPARE(messageOf(missing), "no such member: none"_text);
+    QCOMPARE(messageOf(missing), "no such member: none: `tlx tar list` shows the names"_text);
     QCOMPARE(place.tree().entries("in"_text), (QStringList{"a=1"_text, "c=3"_text, "sub/"_text}));
 }
 

@@ -2,6 +2,7 @@
 #include <tests/support/TlxProcess.h>
 #include <tests/tools/CommandLines.h>
 
+#include <QJsonDocument>
 #include <QProcess>
 #include <QtTest>
 
@@ -16,6 +17,7 @@ private Q_SLOTS:
     void fullDevice_data();
     void fullDevice();
     void closedPipe();
+    void rowsAsTheyCome();
     void undecodableArgument();
     void undecodableNames();
     void unreadableFile();
@@ -94,6 +96,26 @@ void tst_tlxOutput::closedPipe()
         runShell("trap '' PIPE; seq 200000 | $TLX value U32 - | head -n 1"_text, tree.path());
     QByteArray said = ignored.errorOutput;
     QCOMPARE(said.replace("seq: write error: Broken pipe\n", ""), QByteArray());
+}
+
+// Whoever feeds a program line by line has the answer to each before the next.
+void tst_tlxOutput::rowsAsTheyCome()
+{
+    QProcess process;
+    process.start(tlxProgram(), {"value"_text, "U16"_text, "-"_text, "--jsonl"_text});
+    for (const char* number : {"31", "32", "33"}) {
+        process.write(number + QByteArray("\n"));
+        while (!process.canReadLine()) {
+            QVERIFY(process.waitForReadyRead(10000));
+        }
+        const QJsonObject row = QJsonDocument::fromJson(process.readLine()).object();
+        QCOMPARE(row.value(QLatin1String("text")).toString(), QString::fromLatin1(number));
+        QCOMPARE(row.value(QLatin1String("value")).toString(), QString::fromLatin1(number));
+    }
+    process.closeWriteChannel();
+    QVERIFY(process.waitForFinished(10000));
+    QCOMPARE(process.exitCode(), 0);
+    QCOMPARE(process.readAllStandardOutput(), QByteArray());
 }
 
 void tst_tlxOutput::undecodableArgument()

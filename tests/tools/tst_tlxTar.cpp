@@ -16,6 +16,7 @@ private Q_SLOTS:
     void checkWarns();
     void cat_data();
     void cat();
+    void catJson_data();
     void catJson();
     void catFails_data();
     void catFails();
@@ -144,15 +145,33 @@ void tst_tlxTar::cat()
     QCOMPARE(run.errorOutput, QByteArray());
 }
 
+void tst_tlxTar::catJson_data()
+{
+    QTest::addColumn<QByteArray>("data");
+
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("every byte") << BINARY;
+    // Longer than the blocks in which it is read, which are no multiple of three bytes.
+    QByteArray numbers;
+    for (int i = 0; i < 500'000; ++i) {
+        numbers += QByteArray::number(i);
+    }
+    QTest::newRow("several blocks") << numbers;
+}
+
 void tst_tlxTar::catJson()
 {
+    QFETCH(QByteArray, data);
     const QTemporaryDir dir;
-    const QString path = writeFile(dir, QStringLiteral("x.tar"), exampleArchive());
-    const STlxRun run =
-        runTlx(command("cat", path) << QStringLiteral("image.bin") << QStringLiteral("--json"));
+    STarMember member;
+    member.name = "m";
+    member.data = data;
+    const QString path = writeFile(dir, QStringLiteral("x.tar"), tarMember(member) + tarEnd());
+    const STlxRun run = runTlx(command("cat", path) << QStringLiteral("m") << QStringLiteral("--json"));
     QCOMPARE(run.exitCode, 0);
-    QCOMPARE(QByteArray::fromBase64(run.result().value(QLatin1String("base64")).toString().toLatin1()),
-             BINARY);
+    QCOMPARE(run.errorOutput, QByteArray());
+    QCOMPARE(run.json().value(QLatin1String("ok")), QJsonValue(true));
+    QCOMPARE(QByteArray::fromBase64(run.result().value(QLatin1String("base64")).toString().toLatin1()), data);
 }
 
 void tst_tlxTar::catFails_data()
@@ -161,12 +180,15 @@ void tst_tlxTar::catFails_data()
     QTest::addColumn<int>("code");
     QTest::addColumn<QByteArray>("says");
 
-    QTest::newRow("unknown name") << QStringList{QStringLiteral("none")} << 1
-                                  << QByteArray("tlx tar: no such member: none\n");
+    QTest::newRow("unknown name") << QStringList{QStringLiteral(
+        "none")} << 1 << QByteArray("tlx tar: no such member: none: `tlx tar list` shows the names\n");
+    QTest::newRow("misspelt name") << QStringList{QStringLiteral(
+        "Image.bim")} << 1 << QByteArray("tlx tar: no such member: Image.bim: did you mean image.bin?\n");
     QTest::newRow("index too high") << QStringList{QStringLiteral("--index"), QStringLiteral("3")} << 1
                                     << QByteArray("tlx tar: no such index: 3: the archive has 3 members\n");
     QTest::newRow("not an index") << QStringList{QStringLiteral("--index"), QStringLiteral("link")} << 2
-                                  << QByteArray("tlx tar: not an index: link\nSee: tlx tar --help\n");
+                                  << QByteArray("tlx tar: not an index: link: a number out of `tlx tar list` "
+                                                "is expected\nSee: tlx tar --help\n");
 }
 
 void tst_tlxTar::catFails()

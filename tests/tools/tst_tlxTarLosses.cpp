@@ -19,6 +19,7 @@ private Q_SLOTS:
     void sizeInBase256();
     void utf8Names();
     void extensionsAreNoLoss();
+    void hugeMember_data();
     void hugeMember();
     void standardInput();
 };
@@ -201,21 +202,37 @@ void tst_tlxTarLosses::extensionsAreNoLoss()
     QCOMPARE(run.result().value(QLatin1String("warnings")).toArray(), QJsonArray());
 }
 
-// A member of more than 2 GiB goes through 256 MiB of memory; the archive is a file with a hole.
+void tst_tlxTarLosses::hugeMember_data()
+{
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<qint64>("printed");
+
+    const qint64 huge = (2LL << 30) + 700;
+    const qint64 large = (300LL << 20) + 1;
+    QTest::newRow("bytes: more than 2 GiB") << huge << "--"_text << huge;
+    const qint64 frame = QByteArray("{\n    \"command\": \"tar\",\n    \"ok\": true,\n    \"result\": {\n"
+                                    "        \"base64\": \"\"\n    }\n}\n")
+                             .size();
+    QTest::newRow("JSON: more than the memory") << large << "--json"_text << frame + (large + 2) / 3 * 4;
+}
+
+// A large member goes through 256 MiB of memory; the archive is a file with a hole.
 void tst_tlxTarLosses::hugeMember()
 {
 #ifdef Q_OS_WIN
     QSKIP("no limit of memory is set here");
 #else
-    constexpr qint64 SIZE = (2LL << 30) + 700;
+    QFETCH(qint64, size);
+    QFETCH(QString, option);
     const QTemporaryDir dir;
     STarMember member;
     member.name = "hole";
-    member.size = octal(SIZE, 11);
+    member.size = octal(size, 11);
     QFile file(dir.filePath("x.tar"_text));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(tarHeader(member));
-    QVERIFY(file.resize(512 + (SIZE + 511) / 512 * 512 + 1024));
+    QVERIFY(file.resize(512 + (size + 511) / 512 * 512 + 1024));
     file.close();
     const QString limit = "ulimit -v 262144; "_text;
     if (QProcess::execute("bash"_text, {"-c"_text, limit + "\"$0\" --version > /dev/null"_text, tlxProgram()})
@@ -224,13 +241,12 @@ void tst_tlxTarLosses::hugeMember()
     }
     QProcess process;
     process.start("bash"_text,
-                  {"-c"_text,
-                   "ulimit -v 262144; \"$0\" tar cat \"$1\" hole | wc -c; exit ${PIPESTATUS[0]}"_text,
-                   tlxProgram(), file.fileName()});
+                  {"-c"_text, limit + "\"$0\" tar cat $2 \"$1\" hole | wc -c; exit ${PIPESTATUS[0]}"_text,
+                   tlxProgram(), file.fileName(), option});
     QVERIFY(process.waitForFinished(200000));
     const QByteArray said = process.readAllStandardError();
     QVERIFY2(process.exitCode() == 0, said.constData());
-    QCOMPARE(process.readAllStandardOutput().trimmed().toLongLong(), SIZE);
+    QTEST(process.readAllStandardOutput().trimmed().toLongLong(), "printed");
 #endif
 }
 

@@ -140,14 +140,16 @@ int checkSums(const QString& listName, Report& report)
             continue;
         }
         if (!readLine(line, expected)) {
-            report.setError(QStringLiteral("line %1 is no sum and name").arg(number));
+            report.setError(
+                QStringLiteral("line %1 is no sum and name: \"1A2B3C4D  NAME\" is expected").arg(number));
             continue;
         }
         rows << checkedRow(expected, report);
     }
     report.addTable("files", {"file", "expected", "crc32", "right"}, rows);
     if (rows.isEmpty()) {
-        report.setError(QStringLiteral("%1 names no file").arg(listName));
+        report.setError(
+            QStringLiteral("%1 names no file: a line a file is expected, \"1A2B3C4D  NAME\"").arg(listName));
     }
     return EXIT_DONE;
 }

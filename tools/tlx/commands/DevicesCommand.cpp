@@ -132,18 +132,15 @@ int exportFile(const QString& name, Order order, const QCommandLineParser& parse
     if (!content.fault.isEmpty()) {
         return invalid(report, content.fault, content.faultByte);
     }
-    const QJsonObject object = NDeviceListJson::toJson(content.list);
-    CDeviceList again;
-    QString fault;
-    if (!NDeviceListJson::fromJson(object, again, fault) || again != content.list) {
+    if (!NDeviceListJson::hasPlaceFor(content.list)) {
         return invalid(report,
                        QStringLiteral("JSON cannot hold this list: an address has no text of its own"));
     }
     if (parser.isSet(QStringLiteral("json"))) {
-        report.add("list", "List", object);
+        report.add("list", "List", NDeviceListJson::toJson(content.list));
         return EXIT_DONE;
     }
-    printBytes(stdout, QJsonDocument(object).toJson());
+    printBytes(stdout, NDeviceListJson::toText(content.list));
     report.setWritten();
     return EXIT_DONE;
 }

@@ -2,6 +2,7 @@
 #include <tools/tlx/archive/OpenArchive.h>
 #include <tools/tlx/commands/Commands.h>
 #include <tools/tlx/commands/TarExtract.h>
+#include <tools/tlx/program/Suggestion.h>
 #include <tools/tlx/report/Report.h>
 #include <tools/tlx/terminal/Output.h>
 #include <tools/tlx/terminal/Progress.h>
@@ -82,14 +83,17 @@ int findMember(const OpenArchive& archive, const QString& member, bool byIndex, 
     if (!byIndex) {
         const int index = archive.find(member);
         if (index < 0) {
-            report.setError(QStringLiteral("no such member: ") + member);
+            report.setError(noSuch(QStringLiteral("member"), member, archive.tar().names(),
+                                   QStringLiteral("`tlx tar list` shows the names")));
         }
         return index;
     }
     bool isNumber = false;
     const int index = member.toInt(&isNumber);
     if (!isNumber) {
-        wrongUsage(report, QStringLiteral("not an index: %1").arg(member));
+        wrongUsage(
+            report,
+            QStringLiteral("not an index: %1: a number out of `tlx tar list` is expected").arg(member));
     } else if (index < 0 || index >= archive.tar().count()) {
         report.setError(QStringLiteral("no such index: %1: the archive has %2 members")
                             .arg(index)
@@ -98,17 +102,9 @@ int findMember(const OpenArchive& archive, const QString& member, bool byIndex, 
     return report.hasError() ? -1 : index;
 }
 
-int catJson(OpenArchive& archive, int index, Report& report)
-{
-    QByteArray data;
-    if (!archive.tar().file(index, data)) {
-        return invalid(report, archive.tar().error(), archive.dataStart(index));
-    }
-    report.add("base64", "Base64", QString::fromLatin1(data.toBase64()));
-    return EXIT_DONE;
-}
-
-int catBytes(OpenArchive& archive, int index, Report& report)
+// Hands a member's data to `print` in blocks, with progress on a terminal that does not show the data itself.
+template <typename Print>
+int copyMember(OpenArchive& archive, int index, const Print& print, Report& report)
 {
     const qint64 size = archive.tar().info(index).mSize;
     std::optional<Progress> progress;
@@ -117,7 +113,7 @@ int catBytes(OpenArchive& archive, int index, Report& report)
     }
     qint64 copied = 0;
     const auto write = [&](const QByteArray& block) {
-        printBytes(stdout, block);
+        print(block);
         if (progress) {
             progress->show(copied);
         }
@@ -133,13 +129,38 @@ int catBytes(OpenArchive& archive, int index, Report& report)
     return EXIT_DONE;
 }
 
+int catBytes(OpenArchive& archive, int index, Report& report)
+{
+    return copyMember(
+        archive, index, [](const QByteArray& block) { printBytes(stdout, block); }, report);
+}
+
+// The report's object, with the data put into its place block by block.
+int catJson(OpenArchive& archive, int index, Report& report)
+{
+    const QByteArray name("base64");
+    report.add(name.constData(), "Base64", QString());
+    const QByteArray json = report.json();
+    const int place = json.indexOf('"' + name + "\": \"") + name.size() + 5;
+    printBytes(stdout, json.left(place));
+    QByteArray rest; // fewer than three bytes, which are not a group of Base64 yet
+    const auto print = [&rest](const QByteArray& block) {
+        rest += block;
+        const int whole = rest.size() / 3 * 3;
+        printBytes(stdout, rest.left(whole).toBase64());
+        rest.remove(0, whole);
+    };
+    const int code = copyMember(archive, index, print, report);
+    printBytes(stdout, rest.toBase64() + json.mid(place));
+    return code;
+}
+
 int cat(OpenArchive& archive, const QCommandLineParser& parser, Report& report)
 {
-    const bool byIndex = parser.isSet(QStringLiteral("index"));
-    const int before = report.hasError() ? EXIT_INVALID : EXIT_DONE;
-    if (before != EXIT_DONE) {
-        return before;
+    if (report.hasError()) {
+        return EXIT_INVALID;
     }
+    const bool byIndex = parser.isSet(QStringLiteral("index"));
     const QString member = parser.positionalArguments().at(2);
     const int index = findMember(archive, member, byIndex, report);
     if (index < 0) {

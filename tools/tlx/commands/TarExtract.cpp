@@ -3,6 +3,7 @@
 #include <tools/tlx/archive/OpenArchive.h>
 #include <tools/tlx/commands/TarExtract.h>
 #include <tools/tlx/program/Command.h>
+#include <tools/tlx/program/Suggestion.h>
 #include <tools/tlx/report/Report.h>
 #include <tools/tlx/terminal/Progress.h>
 
@@ -32,7 +33,8 @@ QList<int> chosenMembers(const OpenArchive& archive, const QStringList& names, R
     }
     for (const QString& name : names) {
         if (missing.contains(name)) {
-            report.setError(QStringLiteral("no such member: ") + name);
+            report.setError(noSuch(QStringLiteral("member"), name, archive.tar().names(),
+                                   QStringLiteral("`tlx tar list` shows the names")));
         }
     }
     return indexes;

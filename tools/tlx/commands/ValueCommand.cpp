@@ -3,6 +3,7 @@
 #include <tools/tlx/input/Judgement.h>
 #include <tools/tlx/input/Types.h>
 #include <tools/tlx/report/Report.h>
+#include <tools/tlx/terminal/Output.h>
 
 #include <core/text/CStr.h>
 #include <core/types/CVariant.h>
@@ -163,25 +164,25 @@ int showLines(NTypes::ETypes type, Report& report)
     if (!input.openSequential(QStringLiteral("-"), report)) {
         return EXIT_INVALID;
     }
-    QList<QJsonArray> rows;
+    report.add("type", "Type", CStr::nTypeToStr(type));
+    report.beginTable("values", {"line", "text", "value", "hex", "accepted", "note"});
+    int lines = 0;
     int refused = 0;
-    for (QByteArray line = input.device().readLine(); !line.isEmpty(); line = input.device().readLine()) {
+    for (QByteArray line = input.device().readLine(); !line.isEmpty() && outputState() == OUTPUT_WRITTEN;
+         line = input.device().readLine()) {
         const bool hasEnd = line.endsWith('\n');
         const QString text =
             QString::fromLocal8Bit(hasEnd ? line.chopped(line.endsWith("\r\n") ? 2 : 1) : line);
         const CVariant value(text, type);
         const QString said = judgement(text, value);
         refused += said.isEmpty() ? 0 : 1;
-        rows << QJsonArray{rows.size() + 1, text,
-                           value.toStr(),   value.toHex(QString()),
-                           said.isEmpty(),  said.isEmpty() ? QJsonValue() : QJsonValue(said)};
+        report.addRow({++lines, text, value.toStr(), value.toHex(QString()), said.isEmpty(),
+                       said.isEmpty() ? QJsonValue() : QJsonValue(said)});
     }
-    report.add("type", "Type", CStr::nTypeToStr(type));
-    report.addTable("values", {"line", "text", "value", "hex", "accepted", "note"}, rows);
     if (refused > 0) {
         report.setError(QStringLiteral("%1 of %2 lines are no values of the type: see their notes")
                             .arg(refused)
-                            .arg(rows.size()));
+                            .arg(lines));
     }
     return EXIT_DONE;
 }

@@ -1,5 +1,7 @@
 #include <tools/tlx/devices/DeviceListJson.h>
 
+#include <QJsonDocument>
+
 #include <cmath>
 #include <limits>
 
@@ -181,6 +183,18 @@ QJsonObject toJson(const CDeviceList& list)
     return {{QStringLiteral("name"), list.name},
             {QStringLiteral("sourceType"), static_cast<qint32>(list.sourceType)},
             {QStringLiteral("devices"), devices}};
+}
+
+QByteArray toText(const CDeviceList& list)
+{
+    return QJsonDocument(toJson(list)).toJson();
+}
+
+bool hasPlaceFor(const CDeviceList& list)
+{
+    CDeviceList again;
+    QString fault;
+    return fromJson(QJsonDocument::fromJson(toText(list)).object(), again, fault) && again == list;
 }
 
 bool fromJson(const QJsonObject& object, CDeviceList& list, QString& fault)

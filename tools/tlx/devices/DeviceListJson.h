@@ -23,6 +23,12 @@ QJsonArray subDeviceRow(unsigned char key, const CSubDeviceItem& item);
 /// The whole list, entries in the list's order, several under one key as well.
 QJsonObject toJson(const CDeviceList& list);
 
+/// The text of a file that holds the list.
+QByteArray toText(const CDeviceList& list);
+
+/// False when the list would not be read back equal, since an address has no text of its own.
+bool hasPlaceFor(const CDeviceList& list);
+
 /// Reads what toJson() made. False, with what is wrong and where in `fault`, when a value is missing or not of its kind.
 bool fromJson(const QJsonObject& object, CDeviceList& list, QString& fault);
 

@@ -39,7 +39,7 @@ QString formatOf(const QStringList& arguments)
 
 void printReport(const Report& report, int code, const QString& format)
 {
-    if (format == QLatin1String("json")) {
+    if (format == QLatin1String("json") && !report.isWritten()) {
         printBytes(stdout, report.json());
         return;
     }
@@ -95,7 +95,8 @@ int runCommand(const SCommand& command, const QStringList& arguments)
     for (const SOption& option : options) {
         parser.addOption(parserOption(option));
     }
-    Report report(QLatin1String(command.name));
+    const QString format = formatOf(arguments);
+    Report report(QLatin1String(command.name), format == QLatin1String("jsonl"));
     int code = EXIT_DONE;
     if (!parser.parse(arguments)) {
         code = wrongUsage(report, parserError(parser, command, arguments));
@@ -106,7 +107,7 @@ int runCommand(const SCommand& command, const QStringList& arguments)
         code = command.run(parser, report);
     }
     code = code == EXIT_DONE && report.hasError() ? int(EXIT_INVALID) : code;
-    printReport(report, code, formatOf(arguments));
+    printReport(report, code, format);
     return code;
 }
 

@@ -1,6 +1,7 @@
 #include <tools/tlx/report/Report.h>
 
 #include <tools/tlx/terminal/Cells.h>
+#include <tools/tlx/terminal/Output.h>
 
 #include <QJsonDocument>
 
@@ -24,6 +25,18 @@ void flatten(const QJsonObject& object, const QString& prefix, STable& table)
     }
 }
 
+// Puts a value into the section of the result, or, where that is empty, into the result itself.
+void insert(QJsonObject& result, const QString& section, const QString& key, const QJsonValue& value)
+{
+    if (section.isEmpty()) {
+        result.insert(key, value);
+        return;
+    }
+    QJsonObject object = result.value(section).toObject();
+    object.insert(key, value);
+    result.insert(section, object);
+}
+
 } // namespace
 
 QJsonValue floatingNumber(double number)
@@ -31,8 +44,9 @@ QJsonValue floatingNumber(double number)
     return std::isfinite(number) ? QJsonValue(number) : QJsonValue(QString::number(number));
 }
 
-Report::Report(const QString& command)
+Report::Report(const QString& command, bool printsRows)
     : mCommand(command)
+    , mPrintsRows(printsRows)
 {}
 
 void Report::setSection(const QString& key, const QString& title)
@@ -45,7 +59,7 @@ void Report::setSection(const QString& key, const QString& title)
 
 void Report::add(const QString& key, const QString& label, const QJsonValue& value, const QString& shownAs)
 {
-    insert(key, value);
+    insert(mResult, mSection, key, value);
     mBlocks << SBlock{SBlock::Row, {label, shownAs.isEmpty() ? shownValue(value) : shownAs}, {}};
 }
 
@@ -66,9 +80,18 @@ void Report::addTable(const char* key, std::initializer_list<const char*> column
 
 void Report::addTable(const QString& key, const QStringList& columns, const QList<QJsonArray>& rows)
 {
-    const STable table{columns, rows};
-    insert(key, NTable::json(table));
-    mBlocks << SBlock{SBlock::Table, {}, table};
+    mBlocks << SBlock{SBlock::Table, {mSection, key}, {columns, rows}};
+}
+
+void Report::addRow(const QJsonArray& row)
+{
+    STable& table = mBlocks.last().table;
+    if (mPrintsRows) {
+        printBytes(stdout, NTable::jsonLines({table.columns, {row}}));
+        setWritten();
+    } else {
+        table.rows << row;
+    }
 }
 
 void Report::setError(const QString& message, qint64 offset)
@@ -100,9 +123,15 @@ QString Report::text(int width, bool colour) const
 
 QByteArray Report::json() const
 {
+    QJsonObject result = mResult;
+    for (const SBlock& block : mBlocks) {
+        if (block.kind == SBlock::Table) {
+            insert(result, block.head.first(), block.head.last(), NTable::json(block.table));
+        }
+    }
     QJsonObject object{{QStringLiteral("command"), mCommand},
                        {QStringLiteral("ok"), !hasError()},
-                       {QStringLiteral("result"), mResult}};
+                       {QStringLiteral("result"), result}};
     if (hasError()) {
         QJsonObject error{{QStringLiteral("message"), mMessages.join(QLatin1String("; "))}};
         if (mOffset >= 0) {
@@ -138,17 +167,6 @@ QString Report::errorText() const
         text += QStringLiteral("tlx %1: %2%3\n").arg(mCommand, escapedForTerminal(message), where);
     }
     return text;
-}
-
-void Report::insert(const QString& key, const QJsonValue& value)
-{
-    if (mSection.isEmpty()) {
-        mResult.insert(key, value);
-        return;
-    }
-    QJsonObject section = mResult.value(mSection).toObject();
-    section.insert(key, value);
-    mResult.insert(mSection, section);
 }
 
 const STable* Report::firstTable() const

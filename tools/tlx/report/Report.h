@@ -33,7 +33,8 @@ QJsonValue floatingNumber(double number);
 class Report
 {
 public:
-    explicit Report(const QString& command);
+    /// `printsRows`: prints the rows of a table that grows as they come, one JSON object a line.
+    explicit Report(const QString& command, bool printsRows = false);
 
     /// Puts the rows that follow into the section `key` (empty: into the result itself); `title` heads it in text.
     void setSection(const QString& key, const QString& title);
@@ -45,6 +46,15 @@ public:
     /// A table: in JSON an array of objects whose keys are `columns`.
     void addTable(const QString& key, const QStringList& columns, const QList<QJsonArray>& rows);
     void addTable(const char* key, std::initializer_list<const char*> columns, const QList<QJsonArray>& rows);
+
+    /// A table whose rows become known one by one, with addRow().
+    void beginTable(const char* key, std::initializer_list<const char*> columns)
+    {
+        addTable(key, columns, {});
+    }
+
+    /// A row of the table that was added last.
+    void addRow(const QJsonArray& row);
 
     /// Says what is wrong, at which byte of the input where there is one to name. Further errors follow the first.
     void setError(const QString& message, qint64 offset = -1);
@@ -80,14 +90,14 @@ private:
             Row,
             Table
         } kind;
-        QStringList head;
+        QStringList head; // a title; a row's label and text; a table's section and key
         STable table;
     };
 
-    void insert(const QString& key, const QJsonValue& value);
     const STable* firstTable() const;
 
     QString mCommand;
+    bool mPrintsRows;
     QString mSection;
     QList<SBlock> mBlocks;
     QStringList mMessages;
