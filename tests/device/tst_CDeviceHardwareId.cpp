@@ -9,6 +9,15 @@ namespace {
 
 constexpr unsigned short NOT_SET = 65535;
 
+/// The richest form that an object has; it has those before it, too.
+enum ERichestForm
+{
+    NO_FORM,
+    MINIMUM_FORM,
+    SHORT_FORM,
+    FULL_FORM
+};
+
 /// The tag of a row that is named after its text.
 QByteArray tagOf(const char* source)
 {
@@ -16,6 +25,8 @@ QByteArray tagOf(const char* source)
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(ERichestForm)
 
 class tst_CDeviceHardwareId : public QObject
 {
@@ -306,22 +317,22 @@ void tst_CDeviceHardwareId::formsOfObject_data()
     QTest::addColumn<int>("platform");
     QTest::addColumn<int>("version");
     QTest::addColumn<int>("revision");
-    QTest::addColumn<int>("forms"); // how many, the minimum first
+    QTest::addColumn<ERichestForm>("form");
     const int none = 65535;
-    QTest::newRow("all numbers") << text("A") << 1 << 2 << 3 << 3;
-    QTest::newRow("largest numbers") << text("") << 999 << 999 << 999 << 3;
-    QTest::newRow("no revision") << text("A") << 1 << 2 << none << 2;
-    QTest::newRow("revision 1000") << text("A") << 1 << 2 << 1000 << 2;
-    QTest::newRow("no version") << text("A") << 1 << none << 3 << 1;
-    QTest::newRow("version 1000") << text("") << 1 << 1000 << 3 << 1;
-    QTest::newRow("platform 1000") << text("A") << 1000 << 2 << 3 << 0;
-    QTest::newRow("no platform") << text("A") << none << 2 << 3 << 0;
-    QTest::newRow("two-character prefix") << text("AB") << 1 << 2 << 3 << 0;
-    QTest::newRow("digit as prefix") << text("5") << 1 << 2 << 3 << 0;
-    QTest::newRow("digit of another script as prefix") << text("\u0665") << 1 << 2 << 3 << 0;
-    QTest::newRow("surrogate pair as prefix") << text("\U0001F600") << 1 << 2 << 3 << 0;
-    QTest::newRow("underscore as prefix") << text("_") << 1 << 2 << 3 << 3;
-    QTest::newRow("line end as prefix") << text("\n") << 1 << 2 << 3 << 3;
+    QTest::newRow("all numbers") << text("A") << 1 << 2 << 3 << FULL_FORM;
+    QTest::newRow("largest numbers") << text("") << 999 << 999 << 999 << FULL_FORM;
+    QTest::newRow("no revision") << text("A") << 1 << 2 << none << SHORT_FORM;
+    QTest::newRow("revision 1000") << text("A") << 1 << 2 << 1000 << SHORT_FORM;
+    QTest::newRow("no version") << text("A") << 1 << none << 3 << MINIMUM_FORM;
+    QTest::newRow("version 1000") << text("") << 1 << 1000 << 3 << MINIMUM_FORM;
+    QTest::newRow("platform 1000") << text("A") << 1000 << 2 << 3 << NO_FORM;
+    QTest::newRow("no platform") << text("A") << none << 2 << 3 << NO_FORM;
+    QTest::newRow("two-character prefix") << text("AB") << 1 << 2 << 3 << NO_FORM;
+    QTest::newRow("digit as prefix") << text("5") << 1 << 2 << 3 << NO_FORM;
+    QTest::newRow("digit of another script as prefix") << text("\u0665") << 1 << 2 << 3 << NO_FORM;
+    QTest::newRow("surrogate pair as prefix") << text("\U0001F600") << 1 << 2 << 3 << NO_FORM;
+    QTest::newRow("underscore as prefix") << text("_") << 1 << 2 << 3 << FULL_FORM;
+    QTest::newRow("line end as prefix") << text("\n") << 1 << 2 << 3 << FULL_FORM;
 }
 
 void tst_CDeviceHardwareId::formsOfObject()
@@ -330,7 +341,7 @@ void tst_CDeviceHardwareId::formsOfObject()
     QFETCH(int, platform);
     QFETCH(int, version);
     QFETCH(int, revision);
-    QFETCH(int, forms);
+    QFETCH(ERichestForm, form);
 
     CDeviceHardwareId id;
     id.setPrefix(prefix);
@@ -338,14 +349,14 @@ void tst_CDeviceHardwareId::formsOfObject()
     id.setVersion(static_cast<unsigned short>(version));
     id.setRevision(static_cast<unsigned short>(revision));
     id.setName(QStringLiteral("N"));
-    QCOMPARE(id.isMinimumHardwareId(), forms >= 1);
-    QCOMPARE(id.isShortHardwareId(), forms >= 2);
-    QCOMPARE(id.isFullHardwareId(), forms >= 3);
-    QCOMPARE(id.isValid(), forms >= 1);
-    QCOMPARE(id.minimumHardwareId().isEmpty(), forms < 1);
-    QCOMPARE(id.shortHardwareId().isEmpty(), forms < 2);
-    QCOMPARE(id.fullHardwareId().isEmpty(), forms < 3);
-    if (forms == 0) {
+    QCOMPARE(id.isMinimumHardwareId(), form >= MINIMUM_FORM);
+    QCOMPARE(id.isShortHardwareId(), form >= SHORT_FORM);
+    QCOMPARE(id.isFullHardwareId(), form >= FULL_FORM);
+    QCOMPARE(id.isValid(), form >= MINIMUM_FORM);
+    QCOMPARE(id.minimumHardwareId().isEmpty(), form < MINIMUM_FORM);
+    QCOMPARE(id.shortHardwareId().isEmpty(), form < SHORT_FORM);
+    QCOMPARE(id.fullHardwareId().isEmpty(), form < FULL_FORM);
+    if (form == NO_FORM) {
         QCOMPARE(id.hardwareId(), text("N"));
     }
 }

@@ -15,6 +15,9 @@ const QString WITH_ZERO = "file"_text + QChar(QChar::Null) + "name"_text;
 
 } // namespace
 
+static_assert(CDir::TRASH_DONE == 0 && CDir::TRASH_FAILED == 1 && CDir::TRASH_NO_PATH == 10,
+              "tools compare the numbers");
+
 /// Removing without links: those have tests of their own.
 class tst_CDirRemove : public QObject
 {
@@ -211,7 +214,7 @@ void tst_CDirRemove::emptyPathLeavesCurrentDirectory()
         QVERIFY(!CDir::removeFile(path));
         QVERIFY(!CDir::removeDirectory(path));
         QVERIFY(!CDir::removeDirectoryRecursive(path));
-        QCOMPARE(CDir::moveToTrash(path), 10);
+        QCOMPARE(CDir::moveToTrash(path), int(CDir::TRASH_NO_PATH));
     }
     QCOMPARE(tree.entries(), before);
     QCOMPARE(log.messages(), QStringList());
@@ -339,7 +342,7 @@ void tst_CDirRemove::trashOfNothing()
     const WithVariable data("XDG_DATA_HOME", QString());
     const MessageLog log;
 
-    QCOMPARE(CDir::moveToTrash(tree.path(name)), 10);
+    QCOMPARE(CDir::moveToTrash(tree.path(name)), int(CDir::TRASH_NO_PATH));
     // The system was not asked: there is no trash yet.
     QCOMPARE(tree.entries(), QStringList{"file=1"_text});
     QCOMPARE(log.messages(), QStringList());

@@ -57,7 +57,7 @@ void tst_CDirTrash::trashed()
     const int before = tree.entries("from"_text).size();
     const MessageLog log;
 
-    QCOMPARE(CDir::moveToTrash(tree.path("from/"_text + name)), 0);
+    QCOMPARE(CDir::moveToTrash(tree.path("from/"_text + name)), int(CDir::TRASH_DONE));
     QCOMPARE(tree.entries(TRASH + "files"_text), entries);
     QCOMPARE(tree.entries("from"_text).size(), before - entries.size());
     const QString bare = name.section(QLatin1Char('/'), 0, 0);
@@ -77,8 +77,8 @@ void tst_CDirTrash::sameNameTwice()
     const WithVariable home("HOME", tree.path());
     const WithVariable data("XDG_DATA_HOME", tree.path("data"_text));
 
-    QCOMPARE(CDir::moveToTrash(tree.path("a/file"_text)), 0);
-    QCOMPARE(CDir::moveToTrash(tree.path("b/file"_text)), 0);
+    QCOMPARE(CDir::moveToTrash(tree.path("a/file"_text)), int(CDir::TRASH_DONE));
+    QCOMPARE(CDir::moveToTrash(tree.path("b/file"_text)), int(CDir::TRASH_DONE));
     const QStringList files = tree.entries(TRASH + "files"_text);
     QCOMPARE(files.size(), 2);
     QVERIFY(files.contains("file=1"_text));
@@ -91,7 +91,7 @@ void tst_CDirTrash::dataDirectoryOfHome()
     const WithVariable home("HOME", tree.path("home"_text));
     const WithVariable data("XDG_DATA_HOME", QString());
 
-    QCOMPARE(CDir::moveToTrash(tree.path("file"_text)), 0);
+    QCOMPARE(CDir::moveToTrash(tree.path("file"_text)), int(CDir::TRASH_DONE));
     QCOMPARE(tree.entries("home/.local/share/Trash/files"_text), QStringList{"file=1"_text});
     const QFile::Permissions own = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
     const QFile::Permissions all = QFile::permissions(tree.path("home/.local/share/Trash"_text));
@@ -105,7 +105,7 @@ void tst_CDirTrash::relativePath()
     const WithVariable data("XDG_DATA_HOME", tree.path("data"_text));
     const InDirectory inside(tree.path("a"_text));
 
-    QCOMPARE(CDir::moveToTrash("file"_text), 0);
+    QCOMPARE(CDir::moveToTrash("file"_text), int(CDir::TRASH_DONE));
     QCOMPARE(tree.entries("a"_text), QStringList());
     QCOMPARE(tree.entries(TRASH + "files"_text), QStringList{"file=1"_text});
 }
@@ -126,7 +126,7 @@ void tst_CDirTrash::linkAsLink()
     const WithVariable home("HOME", tree.path());
     const WithVariable data("XDG_DATA_HOME", tree.path("data"_text));
 
-    QCOMPARE(CDir::moveToTrash(tree.path(name)), 0);
+    QCOMPARE(CDir::moveToTrash(tree.path(name)), int(CDir::TRASH_DONE));
     QCOMPARE(tree.entries("outside"_text), QStringList{"f=1"_text});
     const QString bare = name.section(QLatin1Char('/'), 0, 0);
     QVERIFY(QFileInfo(tree.path(TRASH + "files/"_text + bare)).isSymLink());
@@ -169,7 +169,7 @@ void tst_CDirTrash::fails()
     };
     const QStringList before = kept();
 
-    QCOMPARE(CDir::moveToTrash(tree.path(name)), 1);
+    QCOMPARE(CDir::moveToTrash(tree.path(name)), int(CDir::TRASH_FAILED));
     QCOMPARE(kept(), before);
     QCOMPARE(tree.entries("current"_text), QStringList());
     QVERIFY(tree.entries("data"_text).filter("trashinfo"_text).isEmpty());
@@ -183,7 +183,7 @@ void tst_CDirTrash::pathThroughLink()
     const WithVariable data("XDG_DATA_HOME", tree.path("data"_text));
     const QStringList before = tree.entries();
 
-    QCOMPARE(CDir::moveToTrash(tree.path("a/link/.."_text)), 1);
+    QCOMPARE(CDir::moveToTrash(tree.path("a/link/.."_text)), int(CDir::TRASH_FAILED));
     QCOMPARE(tree.entries(), before);
 }
 

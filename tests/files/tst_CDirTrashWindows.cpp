@@ -30,13 +30,13 @@ void tst_CDirTrashWindows::trashed()
     QFETCH(QString, name);
     const FileTree tree({"file=1"_text, "dir/sub/f=2"_text, "stays=3"_text});
 
-    QCOMPARE(CDir::moveToTrash(tree.path(name)), 0);
+    QCOMPARE(CDir::moveToTrash(tree.path(name)), int(CDir::TRASH_DONE));
     QVERIFY(!QFileInfo::exists(tree.path(name)));
     QCOMPARE(tree.read("stays"_text), QByteArray("3"));
 
     QVERIFY(tree.make({"file=1"_text, "dir/sub/"_text}));
     const InDirectory inside(tree.path());
-    QCOMPARE(CDir::moveToTrash(name), 0);
+    QCOMPARE(CDir::moveToTrash(name), int(CDir::TRASH_DONE));
     QVERIFY(!QFileInfo::exists(tree.path(name)));
 }
 
@@ -49,7 +49,7 @@ void tst_CDirTrashWindows::pathTooLong()
     QVERIFY(tree.make({directory + "/"_text + file + "=1"_text}));
     QCOMPARE(tree.path(directory + "/"_text + file).size(), 260);
 
-    QCOMPARE(CDir::moveToTrash(tree.path(directory + "/"_text + file)), 1);
+    QCOMPARE(CDir::moveToTrash(tree.path(directory + "/"_text + file)), int(CDir::TRASH_FAILED));
     QCOMPARE(tree.read(directory + "/"_text + file), QByteArray("1"));
 }
 

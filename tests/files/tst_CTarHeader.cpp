@@ -121,10 +121,13 @@ void tst_CTarHeader::prefixIsIgnored()
 void tst_CTarHeader::types_data()
 {
     QTest::addColumn<char>("flag");
-    QTest::addColumn<int>("type");
+    QTest::addColumn<qint32>("type");
 
     for (int flag = 0; flag < 256; ++flag) {
-        const int type = flag == '0' || flag == 0 ? 1 : flag == '2' ? 2 : flag == '5' ? 3 : 0;
+        const qint32 type = flag == '0' || flag == 0 ? CTarFileInfo::TYPE_FILE
+                            : flag == '2'            ? CTarFileInfo::TYPE_SYMLINK
+                            : flag == '5'            ? CTarFileInfo::TYPE_DIRECTORY
+                                                     : CTarFileInfo::TYPE_INVALID;
         QTest::newRow(QByteArray("typeflag 0x" + QByteArray::number(flag, 16)).constData())
             << static_cast<char>(flag) << type;
     }
