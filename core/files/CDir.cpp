@@ -146,19 +146,6 @@ bool canList(const QString& path, QDir::Filters filters)
     return isPath(path) && (filters & (QDir::AllEntries | QDir::AllDirs | QDir::System));
 }
 
-template <typename Take>
-void walk(const QString& path, const QStringList& nameFilters, QDir::Filters filters, Take take)
-{
-    if (!canList(path, filters)) {
-        return;
-    }
-    QDirIterator iterator(path, nameFilters, filters, QDirIterator::Subdirectories);
-    while (iterator.hasNext()) {
-        const QString entry = iterator.next();
-        take(entry, iterator);
-    }
-}
-
 // What a walk cannot see below a directory would be missing in a copy.
 bool hasUnlistedEntries(const QFileInfo& directory)
 {
@@ -288,15 +275,8 @@ QString CDir::getRelativeSubPath(const QString& basePath, const QString& path)
 QDir::Filters CDir::toDirFilter(NtlxGlobal::EDirFilter filter)
 {
     constexpr QDir::Filters COMMON = QDir::Hidden | QDir::NoDotAndDotDot;
-    switch (filter) {
-    case NtlxGlobal::DIR_FILTER_ALL:
-        return COMMON | QDir::Dirs | QDir::Files;
-    case NtlxGlobal::DIR_FILTER_FILES:
-        return COMMON | QDir::Files;
-    case NtlxGlobal::DIR_FILTER_DIRS:
-        return COMMON | QDir::Dirs;
-    }
-    return COMMON;
+    constexpr QDir::Filters KINDS[] = {QDir::Dirs | QDir::Files, QDir::Files, QDir::Dirs};
+    return filter <= NtlxGlobal::DIR_FILTER_DIRS ? COMMON | KINDS[filter] : COMMON;
 }
 
 QFileInfoList CDir::entryInfoList(const QString& path, const QStringList& nameFilters, QDir::Filters filters)
@@ -329,8 +309,13 @@ QFileInfoList CDir::entryInfoListRecursive(const QString& path, const QStringLis
                                            QDir::Filters filters)
 {
     QFileInfoList entries;
-    walk(path, nameFilters, filters,
-         [&](const QString&, const QDirIterator& at) { entries << at.fileInfo(); });
+    if (canList(path, filters)) {
+        QDirIterator iterator(path, nameFilters, filters, QDirIterator::Subdirectories);
+        while (iterator.hasNext()) {
+            iterator.next();
+            entries << iterator.fileInfo();
+        }
+    }
     return entries;
 }
 
@@ -343,7 +328,10 @@ QFileInfoList CDir::entryInfoListRecursive(const QString& path, const QStringLis
 QStringList CDir::listFilesAndDirectories(const QString& path)
 {
     QStringList paths{path};
-    walk(path, {}, WALK_FILTERS, [&](const QString& entry, const QDirIterator&) { paths << entry; });
+    const QFileInfoList entries = entryInfoListRecursive(path, {}, WALK_FILTERS);
+    for (const QFileInfo& entry : entries) {
+        paths << entry.filePath();
+    }
     return paths;
 }
 

@@ -2,6 +2,9 @@
 
 #include <core/base/StaticObjects.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 constexpr QLatin1String operator""_text(const char* text, std::size_t size)
@@ -28,19 +31,17 @@ constexpr SEntryPoint ENTRY_POINTS[] = {
     {CFTPath::EP_APPDATA, "APPDATA"_text, "/appdata/"_text},
 };
 
-const SEntryPoint& row(CFTPath::EEntryPoint entryPoint)
+// The first row that matches, else that of EP_INVALID.
+template <typename Matches>
+const SEntryPoint& firstRow(Matches matches)
 {
-    for (const SEntryPoint& entry : ENTRY_POINTS) {
-        if (entry.value == entryPoint) {
-            return entry;
-        }
-    }
-    return ENTRY_POINTS[0];
+    const auto found = std::find_if(std::begin(ENTRY_POINTS), std::end(ENTRY_POINTS), matches);
+    return found != std::end(ENTRY_POINTS) ? *found : ENTRY_POINTS[0];
 }
 
-bool matches(const SEntryPoint& entry, const QString& path)
+const SEntryPoint& rowOf(CFTPath::EEntryPoint entryPoint)
 {
-    return path.startsWith(entry.name) || path.mid(1).startsWith(entry.name) || path.startsWith(entry.path);
+    return firstRow([entryPoint](const SEntryPoint& row) { return row.value == entryPoint; });
 }
 
 } // namespace
@@ -71,37 +72,30 @@ QList<CFTPath::EEntryPoint> CFTPath::entryPoints()
 
 QString CFTPath::toString(EEntryPoint entryPoint)
 {
-    return row(entryPoint).name;
+    return rowOf(entryPoint).name;
 }
 
 CFTPath::EEntryPoint CFTPath::toEntryPoint(const QString& name)
 {
-    for (const SEntryPoint& entry : ENTRY_POINTS) {
-        if (name == entry.name) {
-            return entry.value;
-        }
-    }
-    return EP_INVALID;
+    return firstRow([&name](const SEntryPoint& row) { return row.name == name; }).value;
 }
 
 QString CFTPath::toPath(EEntryPoint entryPoint)
 {
-    return row(entryPoint).path;
+    return rowOf(entryPoint).path;
 }
 
 // The order decides: "/" of EP_ROOT comes before EP_OPT and EP_APPDATA, and tools rely on what that gives.
 CFTPath::EEntryPoint CFTPath::fromPath(const QString& path)
 {
-    for (const SEntryPoint& entry : ENTRY_POINTS) {
-        if (matches(entry, path)) {
-            return entry.value;
-        }
-    }
-    return EP_INVALID;
+    const auto matches = [&path](const SEntryPoint& row) {
+        return path.startsWith(row.name) || path.mid(1).startsWith(row.name) || path.startsWith(row.path);
+    };
+    return firstRow(matches).value;
 }
 
 QString CFTPath::toRelativePath(const QString& path, EEntryPoint entryPoint)
 {
-    const QLatin1String front = row(entryPoint).path;
+    const QLatin1String front = rowOf(entryPoint).path;
     return path.startsWith(front) ? path.mid(front.size()) : path;
 }

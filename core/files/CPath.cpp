@@ -108,75 +108,27 @@ QString CPath::userdataPath()
     return userTree(documents.isEmpty() ? QDir::homePath() : documents);
 }
 
-QString CPath::binPath(bool create)
-{
-    return createDirIfWanted(installPath() + CPATH_BIN, create);
-}
+// A function for each directory: its tree, and its name below.
+#define TLX_DIRECTORY(function, tree, name)                                                                  \
+    QString CPath::function(bool create)                                                                     \
+    {                                                                                                        \
+        return createDirIfWanted(tree() + (name), create);                                                   \
+    }
 
-QString CPath::libPath(bool create)
-{
-    return binPath(create);
-}
-
-QString CPath::etcPath(bool create)
-{
-    return createDirIfWanted(installPath() + CPATH_ETC, create);
-}
-
-QString CPath::txtPath(bool create)
-{
-    return createDirIfWanted(installPath() + CPATH_TXT, create);
-}
-
-QString CPath::imagePath(bool create)
-{
-    return createDirIfWanted(installPath() + CPATH_IMG, create);
-}
-
-QString CPath::docPath(bool create)
-{
-    return createDirIfWanted(installPath() + CPATH_DOC, create);
-}
-
-QString CPath::constConfigPath(bool create)
-{
-    return createDirIfWanted(installPath() + CPATH_CCONF, create);
-}
-
-QString CPath::constDataPath(bool create)
-{
-    return createDirIfWanted(installPath() + CPATH_CDATA, create);
-}
-
-QString CPath::configPath(bool create)
-{
-    return createDirIfWanted(appdataPath() + CPATH_CONF, create);
-}
-
-QString CPath::logPath(bool create)
-{
-    return createDirIfWanted(appdataPath() + CPATH_LOG, create);
-}
-
-QString CPath::motorPath(bool create)
-{
-    return createDirIfWanted(userdataPath() + CPATH_MOT, create);
-}
-
-QString CPath::paramPath(bool create)
-{
-    return createDirIfWanted(userdataPath() + CPATH_PAR, create);
-}
-
-QString CPath::dataPath(bool create)
-{
-    return createDirIfWanted(userdataPath() + CPATH_DAT, create);
-}
-
-QString CPath::projectPath(bool create)
-{
-    return createDirIfWanted(userdataPath() + CPATH_PRJ, create);
-}
+TLX_DIRECTORY(binPath, installPath, CPATH_BIN)
+TLX_DIRECTORY(libPath, installPath, CPATH_BIN)
+TLX_DIRECTORY(etcPath, installPath, CPATH_ETC)
+TLX_DIRECTORY(txtPath, installPath, CPATH_TXT)
+TLX_DIRECTORY(imagePath, installPath, CPATH_IMG)
+TLX_DIRECTORY(docPath, installPath, CPATH_DOC)
+TLX_DIRECTORY(constConfigPath, installPath, CPATH_CCONF)
+TLX_DIRECTORY(constDataPath, installPath, CPATH_CDATA)
+TLX_DIRECTORY(configPath, appdataPath, CPATH_CONF)
+TLX_DIRECTORY(logPath, appdataPath, CPATH_LOG)
+TLX_DIRECTORY(motorPath, userdataPath, CPATH_MOT)
+TLX_DIRECTORY(paramPath, userdataPath, CPATH_PAR)
+TLX_DIRECTORY(dataPath, userdataPath, CPATH_DAT)
+TLX_DIRECTORY(projectPath, userdataPath, CPATH_PRJ)
 
 QString CPath::createDirIfWanted(const QString& path, bool create)
 {

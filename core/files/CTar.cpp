@@ -19,11 +19,6 @@ constexpr qint64 BYTE_ARRAY_MAX =
 constexpr qint64 PIECE = 4096;
 constexpr qint64 POSITION_MAX = std::numeric_limits<qint64>::max();
 
-qint64 roundedToBlocks(qint64 size)
-{
-    return (size / BLOCK + (size % BLOCK != 0 ? 1 : 0)) * BLOCK;
-}
-
 // Whole blocks that a 64-bit position can still move on by behind the header at `pos`.
 qint64 largestSize(qint64 pos)
 {
@@ -111,11 +106,6 @@ bool CTar::file(const QString& name, QByteArray& data)
     return position >= 0 && file(position, data);
 }
 
-QString CTar::error() const
-{
-    return mError;
-}
-
 bool CTar::readFileHeader(qint64& pos, bool& end)
 {
     if (!mFile.isOpen()) {
@@ -168,7 +158,7 @@ bool CTar::readHeader(TarReadAhead& blocks, qint64& pos, bool& end)
         return false;
     }
     mIndex->append(header, size, pos);
-    pos += BLOCK + roundedToBlocks(size);
+    pos += BLOCK + (size + BLOCK - 1) / BLOCK * BLOCK;
     return true;
 }
 

@@ -85,7 +85,7 @@ public:
     bool file(const QString& name, QByteArray& data);
 
     /// Returns the text of the last error; later successes do not clear it. Empty if no error occurred.
-    QString error() const;
+    QString error() const { return mError; }
 
     /**
      * @brief Reads the header block at byte @p pos of the open archive, and adds the member to the index.

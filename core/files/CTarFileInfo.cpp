@@ -5,8 +5,6 @@
 #include <QDebug>
 #include <QHash>
 
-#include <iterator>
-
 void CTarFileInfo::clear()
 {
     *this = CTarFileInfo();
@@ -25,9 +23,8 @@ bool operator!=(const CTarFileInfo& left, const CTarFileInfo& right)
 
 NQtCompat::THash qHash(const CTarFileInfo& info, NQtCompat::THash seed) noexcept
 {
-    const NQtCompat::THash fields[] = {::qHash(info.mType), ::qHash(info.mName), ::qHash(info.mLinkName),
-                                       ::qHash(info.mSize), ::qHash(info.mPos)};
-    return qHashRange(std::begin(fields), std::end(fields), seed);
+    seed = qHash(info.mLinkName, qHash(info.mName, qHash(info.mType, seed)));
+    return qHash(info.mPos, qHash(info.mSize, seed));
 }
 
 QDebug operator<<(QDebug debug, const CTarFileInfo& info)

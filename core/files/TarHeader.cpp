@@ -63,16 +63,6 @@ qint32 TarHeader::type() const
     }
 }
 
-QLatin1String TarHeader::name() const
-{
-    return text(NAME);
-}
-
-QLatin1String TarHeader::linkName() const
-{
-    return text(LINK_NAME);
-}
-
 // Up to the first zero byte like a text. Only where that makes no number, the blank counts with which POSIX lets a
 // number end as well: bsdtar fills the field up with it, and the time follows at once.
 qint64 TarHeader::size() const

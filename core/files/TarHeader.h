@@ -27,8 +27,8 @@ public:
     qint32 type() const;
 
     /// Texts in the block, without their zero byte.
-    QLatin1String name() const;
-    QLatin1String linkName() const;
+    QLatin1String name() const { return text(NAME); }
+    QLatin1String linkName() const { return text(LINK_NAME); }
 
     /// Size of the data in bytes; negative when the field does not convert.
     qint64 size() const;

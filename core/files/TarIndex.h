@@ -2,17 +2,47 @@
 #define TLXCORE_TARINDEX_H
 
 #include <core/files/CTarFileInfo.h>
+#include <core/files/TarHeader.h>
 
 #include <QHash>
 #include <QList>
-#include <QString>
+#include <QRandomGenerator>
 #include <QStringList>
-#include <QVector>
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
-class TarHeader;
+/**
+ * A hash of member names under random keys, so that nobody can choose names that crowd: Qt's text hash has collisions that
+ * do not depend on its seed. It is multilinear (Carter and Wegman, "Universal Classes of Hash Functions", 1979), two
+ * characters a step.
+ */
+class TarNameHash
+{
+public:
+    TarNameHash()
+    {
+        QRandomGenerator::global()->fillRange(mKeys.data(), static_cast<qsizetype>(mKeys.size()));
+    }
+
+    uint operator()(const QString& name) const
+    {
+        const QChar* character = name.constData();
+        const quint64* key = mKeys.data();
+        quint64 sum = 0;
+        auto left = std::min<qsizetype>(name.size(),
+                                        TarHeader::BLOCK_SIZE); // a name ends with its header at the latest
+        for (; left > 1; left -= 2, character += 2) {
+            sum += *key++ * (character[0].unicode() + (static_cast<quint64>(character[1].unicode()) << 16));
+        }
+        return static_cast<uint>((left == 1 ? sum + *key * character->unicode() : sum) >> 32);
+    }
+
+private:
+    std::array<quint64, TarHeader::BLOCK_SIZE / 2> mKeys;
+};
 
 /**
  * What CTar knows of an archive's members. Most callers read a few of thousands, so loading keeps the texts as the Latin-1
@@ -48,16 +78,14 @@ private:
     };
 
     const SMember& member(int index) const { return mMembers[static_cast<std::size_t>(index)]; }
-    void hashNames();
     int indexOf(const QString& name, uint hash) const;
-    uint hashOf(const QString& name) const;
 
     std::vector<SMember> mMembers;
     std::string mTexts;
-    QStringList mNames;           ///< Of the first members, as far as names were asked for.
-    QVector<quint64> mKeys;       ///< Random, of hashOf(): more than a name has pairs of characters.
-    QMultiHash<uint, int> mFirst; ///< Index of the first member of each name, by hashOf().
-    int mHashed = 0;              ///< Names that are in mFirst.
+    QStringList mNames; ///< Of the first members, as far as names were asked for.
+    TarNameHash mHash;
+    QMultiHash<uint, int> mFirst; ///< Index of the first member of each name, by mHash.
+    int mHashed = 0;              ///< Members whose names are in mFirst.
 };
 
 #endif // TLXCORE_TARINDEX_H

@@ -1,9 +1,29 @@
 #include <tests/files/TarArchive.h>
 
 #include <core/files/CTar.h>
+#include <core/files/TarIndex.h>
 #include <core/tlxCoreQTest.h>
 
 #include <QtTest>
+
+#include <algorithm>
+
+namespace {
+
+// 400 names chosen so that Qt's text hash puts them all into the same of 4096 places.
+QList<QByteArray> crowdingNames()
+{
+    QList<QByteArray> names;
+    for (int i = 0; names.size() < 400; ++i) {
+        const QByteArray name = QByteArray::number(i).rightJustified(9, '0');
+        if ((qHash(QString::fromLatin1(name), 1u) & 0xfff) == 0) {
+            names << name;
+        }
+    }
+    return names;
+}
+
+} // namespace
 
 /// Finding members by name: the first of equal ones, in a time that no archive can make long.
 class tst_CTarNames : public QObject
@@ -16,6 +36,7 @@ private Q_SLOTS:
     void namesBetweenHeaders();
     void manyMembersOfOneName();
     void namesThatCrowd();
+    void hashesSpread();
 };
 
 void tst_CTarNames::index_data()
@@ -86,18 +107,11 @@ void tst_CTarNames::manyMembersOfOneName()
     QCOMPARE(tar.index(QStringLiteral("other")), -1);
 }
 
-// Names chosen so that Qt's text hash puts them all into the same place of a table.
 void tst_CTarNames::namesThatCrowd()
 {
-    QList<QByteArray> names;
-    for (int i = 0; names.size() < 400; ++i) {
-        const QByteArray name = QByteArray::number(i).rightJustified(9, '0');
-        if ((qHash(QString::fromLatin1(name), 1u) & 0xfff) == 0) {
-            names << name;
-        }
-    }
+    const QList<QByteArray> names = crowdingNames();
     QByteArray bytes;
-    for (const QByteArray& name : qAsConst(names)) {
+    for (const QByteArray& name : names) {
         bytes += tarFile(name, 0);
     }
     bytes += tarFile(names.at(7), 0) + tarFile("plain", 0) + tarEnd();
@@ -110,6 +124,23 @@ void tst_CTarNames::namesThatCrowd()
     QCOMPARE(tar.index(QStringLiteral("plain")), names.size() + 1);
     QCOMPARE(tar.index(QStringLiteral("none")), -1);
     QCOMPARE(tar.index(QString(513, QLatin1Char('a'))), -1);
+}
+
+// Names that Qt's text hash puts all into one of 4096 places, whatever its seed: there are hardly two in one here.
+void tst_CTarNames::hashesSpread()
+{
+    const TarNameHash hash;
+    const TarNameHash other;
+    QHash<uint, int> places;
+    int same = 0;
+    for (const QByteArray& latin1 : crowdingNames()) {
+        const QString name = QString::fromLatin1(latin1);
+        ++places[hash(name) % 4096];
+        same += hash(name) == other(name) ? 1 : 0;
+    }
+    // 400 names thrown into 4096 places: ten in one are less likely than one in 10^15 archives.
+    QVERIFY(*std::max_element(places.cbegin(), places.cend()) < 10);
+    QVERIFY(same < 2); // each archive has keys of its own
 }
 
 QTEST_GUILESS_MAIN(tst_CTarNames)
