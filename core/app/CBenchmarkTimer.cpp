@@ -31,11 +31,6 @@ double CBenchmarkTimer::elapsed() const
     return static_cast<double>(processorTicks() - mStart);
 }
 
-QString CBenchmarkTimer::unit() const
-{
-    return QStringLiteral("CPU Ticks");
-}
-
 double CBenchmarkTimer::ticksPerUs()
 {
     double ticks = NSharedDouble::load(mTicksPerUs);

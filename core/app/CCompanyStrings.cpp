@@ -12,19 +12,15 @@
 #include <atomic>
 #include <memory>
 
-#ifdef TLXCORE_STATIC
-// A static library has no moment of loading at which its resource would register itself.
+// A static library has no moment of loading at which its resource would register itself. A second time does nothing.
 static void registerResource()
 {
     Q_INIT_RESOURCE(tlxCore);
 }
-#else
-static void registerResource() {}
-#endif
 
 namespace {
 
-using CValues = QHash<QString, QString>;
+using Values = QHash<QString, QString>;
 
 QString normalized(const QString& key)
 {
@@ -44,10 +40,10 @@ QString privateCopy(const QString& path, QTemporaryFile& copy)
     return copy.write(content) == content.size() && copy.flush() ? copy.fileName() : path;
 }
 
-CValues readAll(const QString& path)
+Values readAll(const QString& path)
 {
     const QSettings settings(path, QSettings::IniFormat);
-    CValues values;
+    Values values;
     // Listing the keys has Qt parse every section. Asked key by key it passes over a section while another one, whose
     // name lies between the section's and the key ("A/B" before "A/Key"), waits to be parsed.
     const QStringList keys = settings.allKeys();
@@ -64,24 +60,23 @@ CValues readAll(const QString& path)
 struct Q_DECL_HIDDEN CCompanyStrings::SSettings
 {
     constexpr SSettings() = default;
-    ~SSettings() { close(); }
+    ~SSettings() { delete kept.exchange(nullptr); }
 
     QString value(const QString& key);
     QString productValue(int n, QLatin1String key);
 
-    const CValues& values();
-    CValues read() const;
-    void close() { delete kept.exchange(nullptr); }
+    const Values& values();
+    Values read() const;
 
     const char* fileName = "Setup.Ini";
-    std::atomic<const CValues*> kept{nullptr};
+    std::atomic<const Values*> kept{nullptr};
 };
 
 CCompanyStrings::SSettings CCompanyStrings::mSettings;
 
 QString CCompanyStrings::SSettings::value(const QString& key)
 {
-    const CValues& all = values();
+    const Values& all = values();
     if (key.isEmpty()) {
         qWarning("QSettings::value: Empty key passed"); // in Qt's words
         return QString();
@@ -94,11 +89,11 @@ QString CCompanyStrings::SSettings::productValue(int n, QLatin1String key)
     return value(productSection(n) + QLatin1Char('/') + key);
 }
 
-const CValues& CCompanyStrings::SSettings::values()
+const Values& CCompanyStrings::SSettings::values()
 {
-    const CValues* values = kept.load(std::memory_order_acquire);
+    const Values* values = kept.load(std::memory_order_acquire);
     if (!values) {
-        auto own = std::make_unique<const CValues>(read());
+        auto own = std::make_unique<const Values>(read());
         if (kept.compare_exchange_strong(values, own.get(), std::memory_order_acq_rel)) {
             values = own.release();
         }
@@ -106,7 +101,7 @@ const CValues& CCompanyStrings::SSettings::values()
     return *values;
 }
 
-CValues CCompanyStrings::SSettings::read() const
+Values CCompanyStrings::SSettings::read() const
 {
     const QString installed = CPath::constConfigPath(true) + QLatin1String(fileName);
     if (QFile::exists(installed)) {
@@ -117,95 +112,46 @@ CValues CCompanyStrings::SSettings::read() const
     return readAll(QLatin1String(":/tlxCore/data/") + QLatin1String(fileName));
 }
 
-QString CCompanyStrings::getCompanyLongName()
-{
-    return mSettings.value(QStringLiteral("COMPANY/NameLong"));
-}
+// A function for each key: of the company, of its image files, and of a product.
+#define TLX_COMPANY_VALUE(function, key)                                                                     \
+    QString CCompanyStrings::function()                                                                      \
+    {                                                                                                        \
+        return mSettings.value(QStringLiteral("COMPANY/" key));                                              \
+    }
+#define TLX_COMPANY_IMAGE(function, key)                                                                     \
+    QString CCompanyStrings::function()                                                                      \
+    {                                                                                                        \
+        return getImageFile(QStringLiteral("COMPANY/" key));                                                 \
+    }
+#define TLX_PRODUCT_VALUE(function, key)                                                                     \
+    QString CCompanyStrings::function(int n)                                                                 \
+    {                                                                                                        \
+        return mSettings.productValue(n, QLatin1String(key));                                                \
+    }
 
-QString CCompanyStrings::getCompanyMediumName()
-{
-    return mSettings.value(QStringLiteral("COMPANY/NameMedium"));
-}
+TLX_COMPANY_VALUE(getCompanyLongName, "NameLong")
+TLX_COMPANY_VALUE(getCompanyMediumName, "NameMedium")
+TLX_COMPANY_VALUE(getCompanyShortName, "NameShort")
+TLX_COMPANY_VALUE(getAddressName, "AddressName")
+TLX_COMPANY_VALUE(getAddressStreet, "AddressStreet")
+TLX_COMPANY_VALUE(getAddressCity, "AddressCity")
+TLX_COMPANY_VALUE(getAddressHtml, "AddressHtml")
+TLX_COMPANY_VALUE(getWebUrl, "WebUrl")
+TLX_COMPANY_VALUE(getEMail, "eMail")
+TLX_COMPANY_IMAGE(getLogoAndNameBitmapFile_145x52, "LogoAndNameBitmap_145x52")
+TLX_COMPANY_IMAGE(getLogoAndNameBitmapFile_105x30, "LogoAndNameBitmap_105x30")
+TLX_COMPANY_IMAGE(getLogoAndNameBitmapFile_105x30_inverted, "LogoAndNameBitmap_105x30_inverted")
+TLX_COMPANY_IMAGE(getLogoBitmapFile_32x32, "Logo_32x32")
+TLX_COMPANY_IMAGE(getLogoBitmapFile_16x16, "Logo_16x16")
+TLX_COMPANY_VALUE(getUpdateVersionFile, "UpdateVersionFile")
+TLX_COMPANY_VALUE(getUpdatePath, "UpdatePath")
+TLX_COMPANY_VALUE(getUpdateChangelogFile, "UpdateChangelogFile")
+TLX_COMPANY_VALUE(getOpenSourceUrl, "OpenSourceUrl")
 
-QString CCompanyStrings::getCompanyShortName()
-{
-    return mSettings.value(QStringLiteral("COMPANY/NameShort"));
-}
-
-QString CCompanyStrings::getAddressName()
-{
-    return mSettings.value(QStringLiteral("COMPANY/AddressName"));
-}
-
-QString CCompanyStrings::getAddressStreet()
-{
-    return mSettings.value(QStringLiteral("COMPANY/AddressStreet"));
-}
-
-QString CCompanyStrings::getAddressCity()
-{
-    return mSettings.value(QStringLiteral("COMPANY/AddressCity"));
-}
-
-QString CCompanyStrings::getAddressHtml()
-{
-    return mSettings.value(QStringLiteral("COMPANY/AddressHtml"));
-}
-
-QString CCompanyStrings::getWebUrl()
-{
-    return mSettings.value(QStringLiteral("COMPANY/WebUrl"));
-}
-
-QString CCompanyStrings::getEMail()
-{
-    return mSettings.value(QStringLiteral("COMPANY/eMail"));
-}
-
-QString CCompanyStrings::getLogoAndNameBitmapFile_145x52()
-{
-    return getImageFile(QStringLiteral("COMPANY/LogoAndNameBitmap_145x52"));
-}
-
-QString CCompanyStrings::getLogoAndNameBitmapFile_105x30()
-{
-    return getImageFile(QStringLiteral("COMPANY/LogoAndNameBitmap_105x30"));
-}
-
-QString CCompanyStrings::getLogoAndNameBitmapFile_105x30_inverted()
-{
-    return getImageFile(QStringLiteral("COMPANY/LogoAndNameBitmap_105x30_inverted"));
-}
-
-QString CCompanyStrings::getLogoBitmapFile_32x32()
-{
-    return getImageFile(QStringLiteral("COMPANY/Logo_32x32"));
-}
-
-QString CCompanyStrings::getLogoBitmapFile_16x16()
-{
-    return getImageFile(QStringLiteral("COMPANY/Logo_16x16"));
-}
-
-QString CCompanyStrings::getUpdateVersionFile()
-{
-    return mSettings.value(QStringLiteral("COMPANY/UpdateVersionFile"));
-}
-
-QString CCompanyStrings::getUpdatePath()
-{
-    return mSettings.value(QStringLiteral("COMPANY/UpdatePath"));
-}
-
-QString CCompanyStrings::getUpdateChangelogFile()
-{
-    return mSettings.value(QStringLiteral("COMPANY/UpdateChangelogFile"));
-}
-
-QString CCompanyStrings::getOpenSourceUrl()
-{
-    return mSettings.value(QStringLiteral("COMPANY/OpenSourceUrl"));
-}
+TLX_PRODUCT_VALUE(getProductEMailAddress, "eMail")
+TLX_PRODUCT_VALUE(getProductUpdateVersionFile, "UpdateVersionFile")
+TLX_PRODUCT_VALUE(getProductUpdatePath, "UpdatePath")
+TLX_PRODUCT_VALUE(getProductUpdateChangelogFile, "UpdateChangelogFile")
 
 QString CCompanyStrings::productSection(int n)
 {
@@ -226,26 +172,6 @@ QString CCompanyStrings::getProductExeFile(int n)
 QString CCompanyStrings::getProductSplashScreenBitmapFile(int n)
 {
     return getImageFile(productSection(n) + QLatin1String("/SplashScreen"));
-}
-
-QString CCompanyStrings::getProductEMailAddress(int n)
-{
-    return mSettings.productValue(n, QLatin1String("eMail"));
-}
-
-QString CCompanyStrings::getProductUpdateVersionFile(int n)
-{
-    return mSettings.productValue(n, QLatin1String("UpdateVersionFile"));
-}
-
-QString CCompanyStrings::getProductUpdatePath(int n)
-{
-    return mSettings.productValue(n, QLatin1String("UpdatePath"));
-}
-
-QString CCompanyStrings::getProductUpdateChangelogFile(int n)
-{
-    return mSettings.productValue(n, QLatin1String("UpdateChangelogFile"));
 }
 
 QString CCompanyStrings::getImageFile(const QString& key)

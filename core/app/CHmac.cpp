@@ -20,26 +20,6 @@ CHmac::CHmac(QCryptographicHash::Algorithm algorithm, const QByteArray& key)
 
 CHmac::~CHmac() = default;
 
-void CHmac::setKey(const QByteArray& key)
-{
-    mCode.setKey(key);
-}
-
-void CHmac::addData(const QByteArray& data)
-{
-    mCode.addData(data);
-}
-
-void CHmac::resetData()
-{
-    mCode.reset();
-}
-
-QByteArray CHmac::result() const
-{
-    return mCode.result();
-}
-
 QByteArray CHmac::hmac(const QByteArray& message, QCryptographicHash::Algorithm algorithm,
                        const QByteArray& key)
 {

@@ -34,16 +34,16 @@ public:
     ~CHmac();
 
     /// Starts again with another key.
-    void setKey(const QByteArray& key);
+    void setKey(const QByteArray& key) { mCode.setKey(key); }
 
     /// Adds a piece of the message.
-    void addData(const QByteArray& data);
+    void addData(const QByteArray& data) { mCode.addData(data); }
 
     /// Discards the message and keeps the key.
-    void resetData();
+    void resetData() { mCode.reset(); }
 
     /// Returns the raw bytes of the code over all pieces added.
-    QByteArray result() const;
+    QByteArray result() const { return mCode.result(); }
 
     /// Returns the raw HMAC of @p message under @p key.
     static QByteArray hmac(const QByteArray& message, QCryptographicHash::Algorithm algorithm,

@@ -20,13 +20,13 @@ class TLXCORE_EXPORT CPublicWait : public QThread
 {
 public:
     /// Sleeps for @p s seconds.
-    static void sleep(unsigned long s);
+    static void sleep(unsigned long s) { QThread::sleep(s); }
 
     /// Sleeps for @p ms milliseconds.
-    static void msleep(unsigned long ms);
+    static void msleep(unsigned long ms) { QThread::msleep(ms); }
 
     /// Sleeps for @p us microseconds.
-    static void usleep(unsigned long us);
+    static void usleep(unsigned long us) { QThread::usleep(us); }
 };
 
 #endif // TLXCORE_CPUBLICWAIT_H
