@@ -83,4 +83,13 @@ print_totals() {
     [ "$(sum_of passed "$1")" -gt 0 ] || die "no test ran"
 }
 
+# readme_block SECTION NUMBER: the commands of the section's NUMBERth block that begins with "```sh", or "```sh root" for root.
+readme_block() {
+    awk -v section="## $1" -v wanted="$2" '/^## / { within = $0 == section }
+        within && /^```sh/ { count++; inside = count == wanted; next }
+        /^```$/ { inside = 0 }
+        inside { print; found = 1 }
+        END { exit !found }' README.md
+}
+
 die() { printf 'error: %s\n' "$*" >&2; exit 1; }
