@@ -139,16 +139,16 @@ void measureOnDisk(benchmark::internal::Benchmark* run)
 
 // The current directory stands for a disk, /dev/shm is a tmpfs.
 BENCHMARK_CAPTURE(copyTree, disk_tlx, QDir::currentPath(), copyByTlx)
-    ->Name("BM_CopyTree/disk/tlx")
+    ->Name("BM_CopyTree/tlx/disk")
     ->Apply(measureOnDisk);
 BENCHMARK_CAPTURE(copyTree, disk_cp, QDir::currentPath(), copyByShell)
-    ->Name("BM_CopyTree/disk/cp")
+    ->Name("BM_CopyTree/cp/disk")
     ->Apply(measureOnDisk);
 BENCHMARK_CAPTURE(copyTree, tmpfs_tlx, QStringLiteral("/dev/shm"), copyByTlx)
-    ->Name("BM_CopyTree/tmpfs/tlx")
+    ->Name("BM_CopyTree/tlx/tmpfs")
     ->Apply(measureOnDisk);
 BENCHMARK_CAPTURE(copyTree, tmpfs_cp, QStringLiteral("/dev/shm"), copyByShell)
-    ->Name("BM_CopyTree/tmpfs/cp")
+    ->Name("BM_CopyTree/cp/tmpfs")
     ->Apply(measureOnDisk);
 #endif
 
