@@ -38,8 +38,8 @@ public:
     /// Returns the unit of elapsed(), "CPU Ticks" on every processor.
     QString unit() const { return QStringLiteral("CPU Ticks"); }
 
-    /// Returns the ticks per microsecond. The first call measures them, which takes 100 ms; later ones return what it found.
-    /// Threads that call it meanwhile measure, too; the last result is kept.
+    /// Returns the ticks per microsecond. The first call measures them, which takes 100 ms; later ones return what it
+    /// found. Threads that call it meanwhile measure, too; the last result is kept.
     static double ticksPerUs();
 
     /// The result of the calibration, -1 before it; any negative value makes ticksPerUs() measure. Not synchronised:

@@ -15,7 +15,7 @@
  * The first call of any function here opens the file: the installation's own in CPath::constConfigPath() (which is
  * created if missing), or the one built into the library, ":/tlxCore/data/Setup.Ini". An installation's file
  * replaces the built-in one completely. The file is read once, and the choice holds for the life of the
- * process. Any thread may call, a message handler included; of two first calls at once each reads the file.
+ * process. Of two first calls at once each reads it.
  *
  * A missing key reads as an empty text, as does every key of a file that cannot be opened. Of a damaged file every
  * key that QSettings still finds is read; a line that assigns nothing is skipped.
@@ -27,7 +27,7 @@
  * setWindowTitle(CCompanyStrings::getCompanyShortName() + QLatin1Char(' ') + CCompanyStrings::getProductName(101));
  * @endcode
  *
- * Any thread may call these functions, see \ref threads.
+ * Any thread may call these functions, message handlers included, see \ref threads.
  * @see \ref application_support
  * @since 1.0
  */
@@ -63,11 +63,10 @@ public:
     static QString getProductExeFile(int n);
 
     static QString getProductSplashScreenBitmapFile(int n); ///< Image file of the splash screen.
-    static QString
-    getProductEMailAddress(int n); ///< The product's mail address, without fallback to the company's.
-    static QString getProductUpdateVersionFile(int n);   ///< As getUpdateVersionFile(), for the product.
-    static QString getProductUpdatePath(int n);          ///< As getUpdatePath(), for the product.
-    static QString getProductUpdateChangelogFile(int n); ///< As getUpdateChangelogFile(), for the product.
+    static QString getProductEMailAddress(int n);           ///< The product's own mail address.
+    static QString getProductUpdateVersionFile(int n);      ///< As getUpdateVersionFile(), for the product.
+    static QString getProductUpdatePath(int n);             ///< As getUpdatePath(), for the product.
+    static QString getProductUpdateChangelogFile(int n);    ///< As getUpdateChangelogFile(), for the product.
 
     /// Returns the image file that `key` names, such as "COMPANY/Logo_16x16".
     static QString getImageFile(const QString& key);

@@ -12,8 +12,8 @@
 /**
  * @brief Keyed message authentication codes (HMAC, RFC 2104) and the one-time codes of this family of tools.
  *
- * An object computes one code over a message that is added in pieces; the static functions do it in one call. Keys come from
- * the caller; the library contains none.
+ * An object computes one code over a message that is added in pieces; the static functions do it in one call. Keys come
+ * from the caller; the library contains none.
  *
  * The one-time codes have the shape of HOTP (RFC 4226) and TOTP (RFC 6238), but counter, encoding and truncation are
  * this family's own: a standard authenticator shows other codes. One tool makes them, another checks them.
@@ -60,14 +60,14 @@ public:
      * CHmac::hotp(QByteArray::fromHex("feffffff"), 6);    // 967295: 0xFFFFFFFF modulo 10^6
      * @endcode
      *
-     * @return The first four bytes as a little-endian signed 32-bit number, arithmetically shifted right by one bit, taken as
-     * an unsigned number, modulo 10 to the power @p digits. 0 for fewer than four bytes and for @p digits of 0 and below; 10
-     * digits and more return the whole number.
+     * @return The first four bytes as a little-endian signed 32-bit number, arithmetically shifted right by one bit,
+     * taken as an unsigned number, modulo 10 to the power @p digits. 0 for fewer than four bytes and for @p digits of 0
+     * and below; 10 digits and more return the whole number.
      */
     static quint32 hotp(const QByteArray& code, qint32 digits);
 
     /**
-     * @brief The one-time code of the current time step: hotp() of hmacSha1() of the step counter.
+     * @brief Returns the one-time code of the current time step: hotp() of hmacSha1() of the step counter.
      * @param key the shared secret
      * @param t0 start of step 0 in seconds since 1970-01-01 UTC; may lie in the future (negative counters)
      * @param step length of a step in seconds; 0 makes the counter always 0
@@ -75,17 +75,17 @@ public:
      */
     static quint32 totp(const QByteArray& key, quint64 t0, quint32 step, qint32 digits);
 
-    /// totp() as text of exactly @p digits characters, padded with zeros on the left. Empty when @p digits is below 1, or more
-    /// than a QString can hold (about 10^9).
+    /// Returns totp() as text of exactly @p digits characters, padded with zeros on the left. Empty when @p digits is
+    /// below 1, or more than a QString can hold (about 10^9).
     static QString totpStr(const QByteArray& key, quint64 t0, quint32 step, qint32 digits);
 
     /**
      * @brief Checks a one-time code against the current step and the @p window steps before it.
-     * @return 0 if the code is valid, 1 if not, 2 if its length is not @p digits. A window of 2^31 and more is taken as a
-     * negative number; nothing is valid then.
+     * @return 0 if the code is valid, 1 if not, 2 if its length is not @p digits. A window of 2^31 and more is taken as
+     * a negative number; nothing is valid then.
      *
-     * Codes of future steps are not valid. The time taken grows with the window (two HMACs a step) and does not reveal at
-     * which character a code was wrong.
+     * Codes of future steps are not valid. The time taken grows with the window (two HMACs a step) and does not reveal
+     * at which character a code was wrong.
      */
     static int validateTotp(const QString& code, const QByteArray& key, quint64 t0, quint32 step,
                             qint32 digits, quint32 window);

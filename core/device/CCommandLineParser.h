@@ -68,13 +68,13 @@ public:
     /// Returns the key's value, or an empty text if it is absent.
     QString value(const QString& key) const { return arguments.value(key); }
 
-    /// Returns "abadr", the bus address, as text.
+    /// Returns "abadr", the bus address: any text, empty if absent.
     QString abAddress() const;
 
-    /// Returns "ip", the drive's network address as text.
+    /// Returns "ip", a network address: any text, empty if absent.
     QString ip() const;
 
-    /// Returns "server", the server's name.
+    /// Returns "server", the server's name; empty if absent.
     QString serverName() const;
 
     /// Returns "cu", the number of the current unit.
@@ -104,7 +104,7 @@ public:
     /// Returns the locale named by "lang"; the C locale if it is empty or absent.
     QLocale language() const;
 
-    /// Stores the language of a locale ("de" of "de_DE") under "lang".
+    /// Stores the first two letters of the locale's name ("de" of "de_DE") under "lang".
     void setLanguage(const QLocale& locale);
 
 private:

@@ -26,8 +26,7 @@ class QDebug;
  *
  * "_" and the name follow when there is a name. The parser is more lenient than the static validators: it takes one to
  * three digits a number. A digit is a decimal digit of any script (in the basic plane), with the value of that digit.
- * One character is one UTF-16 unit. Validation and parsing take linear time, and distinct objects may be used on
- * distinct threads at full speed.
+ * One character is one UTF-16 unit. Validation and parsing take linear time.
  *
  * @code
  * const CDeviceHardwareId id(QStringLiteral("A12_3_Board"));
@@ -72,26 +71,26 @@ public:
     /// Returns a new expression of the full form.
     static QRegExp fullRegExp();
 
-    /// Returns true if the whole text has the minimum form, with exactly three digits for each number. Does not allocate.
+    /// Returns true if the whole text has the minimum form, with exactly three digits for each number.
     static bool isMinimumHardwareId(const QString& text) { return isOfForm(text, 1); }
     /// Returns true if the whole text has the short form.
     static bool isShortHardwareId(const QString& text) { return isOfForm(text, 2); }
     /// Returns true if the whole text has the full form.
     static bool isFullHardwareId(const QString& text) { return isOfForm(text, 3); }
 
-    /// Stored unchecked; a prefix of more than one character, or a digit, makes every form invalid.
+    /// Sets the prefix, unchecked. More than one character, or a digit, makes every form invalid.
     void setPrefix(const QString& prefix) { mPrefix = prefix; }
     /// Returns the prefix as it was stored.
     QString prefix() const { return mPrefix; }
 
-    /// Stored unchecked, 0 to 65535; from 1000 on the forms that need the number are invalid.
+    /// Sets the number, unchecked: 65535 means "not set", and from 1000 on the forms that need it are invalid.
     void setPlatform(unsigned short platform) { mPlatform = platform; }
     /// As setPlatform().
     void setVersion(unsigned short version) { mVersion = version; }
     /// As setPlatform().
     void setRevision(unsigned short revision) { mRevision = revision; }
 
-    /// One to three decimal digits; false for any other text, which leaves the number as it was.
+    /// Sets the number from one to three decimal digits. Returns false and changes nothing for any other text.
     bool setPlatform(const QString& text);
     /// As setPlatform().
     bool setVersion(const QString& text);
@@ -112,7 +111,7 @@ public:
     /// As platformStr().
     QString revisionStr() const;
 
-    /// Stored unchecked.
+    /// Sets the name, unchecked.
     void setName(const QString& name) { mName = name; }
     /// Returns the name.
     QString name() const { return mName; }
@@ -151,8 +150,8 @@ public:
      * @brief Parses an identifier: an optional non-digit, up to three numbers of one to three digits with "_" between,
      * and the rest after a "_" as the name.
      *
-     * @return true if the first number was parsed, or for an empty text, which clears. false otherwise; the numbers are not
-     * set and the name is empty then, but a prefix that was found stays.
+     * @return true if the first number was parsed, or for an empty text, which clears. false otherwise; the numbers are
+     * not set and the name is empty then, but a prefix that was found stays.
      */
     bool setHardwareId(const QString& text);
 

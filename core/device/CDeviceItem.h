@@ -16,8 +16,8 @@ class QDebug;
 /**
  * @brief A device that can be reached over the network: its address and port, texts and flags, and its sub-devices.
  *
- * The fields are public and unchecked; isValid() returns whether the device can be connected to. The tool that fills the
- * further texts, flags and values defines their meaning.
+ * The fields are public and unchecked; isValid() returns whether the device can be connected to. The tool that fills
+ * the further texts, flags and values defines their meaning.
  *
  * @code
  * CDeviceItem item(QStringLiteral("Lift"), type, QHostAddress(QStringLiteral("192.168.0.7")), 1700, QString());
@@ -98,10 +98,10 @@ TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceItem::E
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceItem::EHostAddrType& type);
 
 /**
- * @brief Writes number, name, hostAddrType, hostAddress, port (16 bits), extraText, extraText2, configurationName, flag1,
- * flag2 (a byte each), value1, value2 and the sub-devices.
+ * @brief Writes number, name, hostAddrType, hostAddress, port (16 bits), extraText, extraText2, configurationName,
+ * flag1, flag2 (a byte each), value1, value2 and the sub-devices.
  *
- * The other integers have 32 bits. Texts, address and map are in Qt's formats, the map with one-byte keys, highest first.
+ * Other integers have 32 bits. Texts, address and map are in Qt's formats; the map has one-byte keys, highest first.
  */
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDeviceItem& item);
 /**

@@ -18,7 +18,7 @@ class QDebug;
  * A number has one entry, except after unite() or in a list read from a stream. If it has several, device() returns the
  * first one, addDevice() replaces the first one, removeDevice() removes all, and size() and the stream count each.
  *
- * `devices` is a QMap, whose insert() replaces. Code that adds a second entry under one key uses a QMultiMap made from it.
+ * `devices` is a QMap, whose insert() replaces. Make a QMultiMap from it to add a second entry under one key.
  *
  * @code
  * CDeviceList list(QStringLiteral("Hall 3"), CDeviceList::SOURCE_NONE);

@@ -15,14 +15,13 @@ class QDataStream;
 class QDebug;
 
 /**
- * @brief An IPv6 address as the drives hold it: 16 bytes, eight groups of 16 bits in textual order, each group with its low
- * byte first.
+ * @brief An IPv6 address as the drives hold it: 16 bytes, eight groups of 16 bits in textual order, the low byte first.
  *
  * This storage order is not network byte order. byteArray(), the conversion to QVariant and the stream use it.
  *
- * The textual form is eight groups of hexadecimal digits with ":" between (the long form of RFC 4291). "::" is not expanded:
- * a text of fewer than eight parts is accepted and changes nothing, and an empty part of an eight-part text keeps its group.
- * Call clear() first for a defined result.
+ * The textual form is eight groups of hexadecimal digits with ":" between (the long form of RFC 4291). "::" is not
+ * expanded: a text of fewer than eight parts is accepted and changes nothing, and an empty part of an eight-part text
+ * keeps its group. Call clear() first for a defined result.
  *
  * @code
  * CIPv6Address address(QStringLiteral("FE80:0000:0:0:0:0:0:0001"));
@@ -73,14 +72,15 @@ public:
     /// Copies 16 bytes, which may be this object's own; a null pointer changes nothing.
     void setAddress(const unsigned char* bytes);
 
-    /// Takes a variant's byte array as above. A variant of any other type, a text included, sets all bytes to 0.
+    /// Takes a variant's byte array as setAddress(const QByteArray&) does. A variant of any other type, a text
+    /// included, sets all bytes to 0.
     void setAddress(const QVariant& variant);
 
     /**
-     * @brief Parses a text: one to four hexadecimal digits or a lone ":", then up to seven times ":" and up to four digits.
+     * @brief Parses a text: one to four hexadecimal digits or a lone ":", then up to seven times ":" and 0 to 4 digits.
      *
-     * @return true for such a text, also if it has fewer than eight parts and changes nothing. false for any other text;
-     * all bytes are 0 then, and a warning is logged.
+     * @return true for such a text, also if it has fewer than eight parts and changes nothing. false for any other
+     * text; all bytes are 0 then, and a warning is logged.
      */
     bool setAddress(const QString& text);
 

@@ -80,7 +80,7 @@ CMotorBaseName::CMotorBaseName(const QString& manufacturer, const QString& name,
     , mNumericNumber(numeric)
 {
     if (mNumericNumber && !checkNumber(mNumber)) {
-        // The class's former name: log readers look for this text.
+        // Log readers look for this text, although it does not name the class.
         qWarning("CParameterFileMotorName() : Invalid number '%s'", mNumber.toLocal8Bit().constData());
     }
 }

@@ -57,7 +57,7 @@ public:
     /// The same as fileBaseName().
     operator QString() const { return fileBaseName(); }
 
-    /// "UNKNOWN_UNKNOWN_1".
+    /// Returns "UNKNOWN_UNKNOWN_1".
     static QString defaultMotorBaseName();
 
     /**
@@ -78,7 +78,7 @@ public:
     bool setManufacturer(const QString& manufacturer);
     /// Stores the motor name as setManufacturer() does.
     bool setName(const QString& name);
-    /// As above. With the flag `numeric`, only an empty text or a single digit is valid.
+    /// Stores the number as setManufacturer() does. With the flag, only an empty text or a single digit is valid.
     bool setNumber(const QString& number);
 
     /// Returns the stored text.
@@ -108,8 +108,8 @@ public:
      * @brief Splits a file name, with or without a directory, into the three parts.
      *
      * @return true also for a file name that is not a motor base name, for example one with an extension; the object is
-     * empty then. false only if fullRegExp() matches and a setter rejects a part: a number of more than one digit with the
-     * flag, or a letter outside ASCII. That part and all after it are empty then.
+     * empty then. false only if fullRegExp() matches and a setter rejects a part: a number of more than one digit with
+     * the flag, or a letter outside ASCII. That part and all after it are empty then.
      */
     bool setFileBaseName(const QString& fileName);
 

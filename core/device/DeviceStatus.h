@@ -13,6 +13,9 @@
  * @code
  * QRegExp(NDeviceStatus::mcSETUP).exactMatch(QStringLiteral("Device in Setup mode"));    // true
  * @endcode
+ *
+ * @see \ref devices
+ * @since 1.0
  */
 namespace NDeviceStatus {
 

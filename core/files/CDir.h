@@ -16,11 +16,11 @@
  *
  * Paths may be relative to the current directory, except in removeDirectory(). Operations touch only the paths they are
  * given:
- * - An empty path, or one that contains a zero character, is rejected by every operation that removes, copies or trashes;
- *   listings of it are empty.
- * - A path that is a link ("link", "link/") is removed and trashed as a link, whatever it points to. A recursive walk lists
- *   a link to a directory and never descends through it.
- * - An operation on many entries stops at the first failure. Entries that it has not reached stay as they are.
+ * - An empty path, or one that contains a zero character, is rejected by every operation that removes, copies or
+ *   trashes; listings find nothing below it.
+ * - A path that is a link ("link", "link/") is removed and trashed as a link, whatever it points to. A recursive walk
+ *   lists a link to a directory and never descends through it.
+ * - The copy or removal of a tree stops at the first failure. Entries that it has not reached stay as they are.
  *
  * Failures are results, never exceptions. Some operations also print a line on standard output. It begins with a line
  * break and contains the path in the local 8-bit encoding.
@@ -54,8 +54,8 @@ public:
     /**
      * @brief Removes a directory and everything under it, hidden and read-only entries too, or a link alone.
      *
-     * @return true if the path does not exist afterwards, also if it did not before; false for a file and for the root of
-     *         a file system, which stay untouched
+     * @return true if the path does not exist afterwards, also if it did not before; false for a file and for the root
+     *         of a file system, which stay untouched
      */
     static bool removeDirectoryRecursive(const QString& path);
 
@@ -76,14 +76,14 @@ public:
     static bool copyFile(const QString& src, const QString& dst);
 
     /**
-     * @brief Copies a file over an existing one.
+     * @brief Copies a file and replaces an existing one. Creates the directory of `dst` as copyDirectory() does.
      *
      * The existing `dst` is renamed to "~" and its name, `src` is copied, and the renamed file is removed whatever the
      * result of the copy: after a failed copy neither the old nor a new file exists. If `dst` is a link, the link is
      * replaced, not followed.
      *
-     * Rejected without any change: `dst` and `src` are the same file, by whatever names; `dst` is a directory, a device or
-     * a pipe; the name with "~" exists already.
+     * Rejected without any change: `dst` and `src` are the same file, by whatever names; `dst` is a directory, a device
+     * or a pipe; the name with "~" exists already.
      *
      * @return true if `dst` is the copy
      */
@@ -100,11 +100,12 @@ public:
      * On Linux the copies are written through to the disk together, after the last one. Where the disk fails then, this
      * is a failure, and the copies are removed.
      *
-     * @return true if everything was copied, also if `src` is empty; `dst` is not created then
+     * @return true if everything was copied, also if `src` is empty or does not exist; `dst` is not
+     *         created then
      */
     static bool copyDirectoryRecursive(const QString& src, const QString& dst);
 
-    /// As above; calls `progress` after every entry with the number of entries copied and the total.
+    /// Does the same, and calls `progress` after every entry with the number of entries copied and the total.
     static bool copyDirectoryRecursive(const QString& src, const QString& dst,
                                        const std::function<void(int done, int total)>& progress);
 
@@ -140,14 +141,14 @@ public:
     /// Returns `path`, then the path of every entry under it, without hidden ones, in the order of QDirIterator.
     static QStringList listFilesAndDirectories(const QString& path);
 
-    /// As above, as file infos.
+    /// Returns the paths of listFilesAndDirectories() as file infos.
     static QFileInfoList listFileAndDirInfos(const QString& path);
 
     /**
      * @brief Removes a file, a link or, as removeDirectory() does, an empty directory.
      *
-     * A failure prints "\n CDir::removeFileOrDirectory: unable to remove %s". Unless the path is a file, it also prints the
-     * paths of listFilesAndDirectories(), each as "\n %s", and "\n--------------". A missing path is such a failure.
+     * A failure prints "\n CDir::removeFileOrDirectory: unable to remove %s". Unless the path is a file, it also prints
+     * the paths of listFilesAndDirectories(), each as "\n %s", and "\n--------------". So does a missing path.
      *
      * @return true if the path does not exist afterwards, also if it did not before; false for an empty path
      */

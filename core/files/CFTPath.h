@@ -84,7 +84,7 @@ public:
     static QString toPath(EEntryPoint entryPoint);
 
     /**
-     * @brief The entry point that a path belongs to, else EP_INVALID.
+     * @brief Returns the entry point that a path belongs to, else EP_INVALID.
      *
      * It is the first, by value, whose name is at position 0 or 1 of the path, or whose own path the given path
      * begins with. A name needs no boundary after it: "OPTION" belongs to EP_OPT. Every absolute path that matches

@@ -8,13 +8,13 @@
 /**
  * @brief Where the files of a tool lie, and helpers that join and tidy paths.
  *
- * The files are in three trees: the installation (programs, read-only configuration, texts, images, documents), the user's
- * application data (configuration, logs) and the user's documents (motor and parameter files, data, projects). The
- * user's trees of different tools differ in productName(), the name of the installation directory.
+ * The files are in three trees: the installation (programs, read-only configuration, texts, images, documents), the
+ * user's application data (configuration, logs) and the user's documents (motor and parameter files, data, projects).
+ * The user's trees of different tools differ in productName(), the name of the installation directory.
  *
- * Every directory is returned as an absolute path that ends in "/", so a file name can be appended. No function reports a
- * failure. A function that takes `create` creates the missing directory if it is true, see createDirIfWanted(); otherwise
- * it does not access the disk.
+ * Every directory is returned as an absolute path that ends in "/", so a file name can be appended. No function reports
+ * a failure. A function that takes `create` creates the missing directory if it is true, see createDirIfWanted();
+ * otherwise it does not access the disk.
  *
  * A "separator" is "/" or the platform's own QDir::separator(). A name that begins with ":" is a file name like any
  * other; only a path that begins with ":/" is a Qt resource.
@@ -51,8 +51,8 @@ public:
 
     CPath() = default;
 
-    /// Returns the installation: the parent of the directory that contains the running executable. Before there is an application
-    /// object, Qt warns and the parent of the current directory serves.
+    /// Returns the installation: the parent of the directory that contains the running executable. Before there is an
+    /// application object, Qt warns and the parent of the current directory serves.
     static QString installPath();
 
     /// Returns the name of the installation directory, which is the product's name; empty if that directory is a root.
@@ -70,8 +70,8 @@ public:
      * @brief Returns the user's documents: "<documents>/TARVENIK/<product>/".
      *
      * On Windows the shell names the documents folder (SHGetFolderPathA, at most 259 characters of the system's code
-     * page). The home directory is used if the shell returns none, if the folder's name has letters outside that code page,
-     * and on other systems.
+     * page). The home directory is used if the shell returns none, if the folder's name has letters outside that code
+     * page, and on other systems.
      */
     static QString userdataPath();
 
@@ -91,11 +91,11 @@ public:
     static QString projectPath(bool create);     ///< "project/" of the user's documents.
 
     /**
-     * @brief Returns `path` unchanged; creates the directory with its parents if `create` is true and it does not exist.
+     * @brief Returns `path` unchanged; creates the missing directory and its parents if `create` is true.
      *
-     * A new directory gets the permissions rwxrwxr-x, whatever the process's mask. Its parents, and whatever existed before
-     * (also a file in the way), are not changed. Several programs may create the same directory at once.
-     * A failure is silent.
+     * A new directory gets the permissions rwxrwxr-x, whatever the process's mask. Its parents, and whatever existed
+     * before (also a file in the way), are not changed. Several programs may create one directory at once.
+     * Failures are silent.
      */
     static QString createDirIfWanted(const QString& path, bool create);
 
@@ -105,7 +105,7 @@ public:
     /**
      * @brief Makes a bare file name absolute, in the directory that contains `path`.
      *
-     * "C:/a/b/" and "C:/a/b/x.txt" both mean "C:/a/b". A name that is empty or contains a separator is returned unchanged.
+     * "C:/a/b/" and "C:/a/b/x.txt" both mean "C:/a/b". A name that is empty or contains a separator stays as it is.
      */
     static QString prependPathIfNoPathIsGiven(const QString& fileName, const QString& path);
 
@@ -134,7 +134,7 @@ public:
     static QString addFileNameToPath(const QString& path, const QString& fileName);
 
     /**
-     * @brief Returns a file name that file systems accept, always absolute.
+     * @brief Removes characters that file systems reject from a file name. The result is always absolute.
      *
      * White space of the name is simplified first, then the characters < > : ! ? | and " are removed. "*" and "\"
      * stay. The directory part is not cleaned. A bare name is in the current directory.

@@ -18,18 +18,18 @@ class TarReadAhead;
 /**
  * @brief Reads archives in the ustar interchange format (IEEE Std 1003.1) from a file.
  *
- * loadFile() indexes all members once. Their contents are then read one by one, by index or by name. Nothing is written or
- * extracted to disk. Archives of GNU tar ("ustar" and a blank) are read, too.
+ * loadFile() indexes all members once. Their contents are then read one by one, by index or by name. Nothing is written
+ * or extracted to disk. Archives of GNU tar ("ustar" and a blank) are read, too.
  *
  * Only name, size, kind, link target and magic of a header are read:
  * - The prefix of a long name is ignored, so only the last part of such a name is returned.
  * - The checksum is not verified.
- * - A text ends at its first zero byte, not at the end of its field, so a name of exactly 100 characters continues with the
- *   text of the mode field. Reading never leaves the 512 bytes of the header. Names are Latin-1.
+ * - A text ends at its first zero byte, not at the end of its field, so a name of exactly 100 characters continues with
+ *   the text of the mode field. Reading never leaves the 512 bytes of the header. Names are Latin-1.
  * - The size is such a text of octal digits. One that fills its field may end with a blank.
  *
- * A failure returns false and sets error() to a text, translated in the context "CTar". The text stays until the next error
- * replaces it. Two failures are silent: a size that is not an octal number, and an unknown member name.
+ * A failure returns false and sets error() to a text, translated in the context "CTar". The text stays until the next
+ * error replaces it. Two failures are silent: a size that is not an octal number, and an unknown member name.
  * @code
  * CTar tar;
  * QByteArray image;
@@ -50,8 +50,8 @@ public:
 
     /**
      * @brief Closes the open archive, then opens and indexes another.
-     * @return false if it cannot be opened or a header cannot be read. The members before that header stay indexed then, and
-     * the archive stays open.
+     * @return false if it cannot be opened or a header cannot be read. The members before that header stay indexed
+     * then, and the archive stays open.
      *
      * Regular files (and links to them) and Qt's resources are opened: a directory, pipe or device fails.
      */
@@ -75,9 +75,9 @@ public:
     /**
      * @brief Reads the contents of one member.
      * @param data Receives the contents; untouched if the result is false.
-     * @return false if no archive is open, the index is out of range, or the archive does not contain all bytes that the
-     * header declares. No more memory is reserved than the archive has bytes left; error() counts those. A member that
-     * does not fit a QByteArray (2 GiB and more) is not read.
+     * @return false if no archive is open, the index is out of range, or the archive does not contain all bytes that
+     * the header declares. No more memory is reserved than the archive has bytes left; error() counts those. A member
+     * that does not fit a QByteArray (2 GiB and more) is not read.
      */
     bool file(int index, QByteArray& data);
 
@@ -91,8 +91,8 @@ public:
      * @brief Reads the header block at byte @p pos of the open archive, and adds the member to the index.
      * @param pos Moves to the next header; unchanged if the result is false or the archive ends here.
      * @param end Set if the block is all zero, which ends the archive; never cleared.
-     * @return false if no archive is open, @p pos is negative, fewer than 512 bytes are left, the magic is not "ustar", or
-     * (silently) the size is not an octal number from 0 to what a 64-bit position can reach.
+     * @return false if no archive is open, @p pos is negative, fewer than 512 bytes are left, the magic is not "ustar",
+     * or (silently) the size is not an octal number from 0 to what a 64-bit position can reach.
      *
      * loadFile() does this from 0 to the end. A member that is read again is in the index again.
      */

@@ -99,8 +99,7 @@ public:
     QString toIsoDateTime(Qt::TimeSpec spec) const;
 
     /**
-     * @brief Returns the packed form of the fields in `spec`. Truncated to hundredths; only the low 16 bits of the year are
-     * kept.
+     * @brief Returns the packed form of the fields in `spec`. Truncated to hundredths and 16 bits of the year.
      *
      * Without a date its fields are 0; without a time hour, minute and second are 0xFF each, the hundredths 0.
      */
@@ -136,12 +135,11 @@ private:
     QDateTime mDateTime;
 };
 
-/// Writes the date-time in QDateTime's stream format of the stream's version; a null date-time if the zone is unknown on
-/// this system.
+/// Writes the date-time in QDateTime's stream format of the stream's version; null if the zone is unknown here.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime);
 
-/// Reads QDateTime's stream format. A truncated stream sets its status and leaves what QDateTime leaves. An unknown time
-/// spec or time zone sets ReadCorruptData and leaves a null date-time.
+/// Reads QDateTime's stream format. A truncated stream sets its status and leaves what QDateTime leaves. An unknown
+/// time spec or time zone sets ReadCorruptData and leaves a null date-time.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime);
 
 /// Equal for equal instants.

@@ -20,8 +20,7 @@ const double CMath::mPowTab[5] = {1.0, 10.0, 100.0, 1000.0, 10000.0};
 
 double CMath::round(double value, unsigned int digits)
 {
-    // The stated formula, not std::round: sums such as 0.49999999999999994 + 0.5 round up as the drives' own tools
-    // have always shown them.
+    // Callers rely on the stated formula, not on std::round: sums such as 0.49999999999999994 + 0.5 round up.
     const double factor = exp10(static_cast<int>(digits));
     const double moved = value * factor + (value > 0.0 ? 0.5 : -0.5);
     return quotient(static_cast<double>(floatToInteger<qint64>(moved)), factor);

@@ -9,8 +9,8 @@
  * @brief Decimal rounding in three directions, powers of ten, a plausibility test for doubles and the CRC-32 that
  * every checksum of bytes in the tools uses.
  *
- * Static functions only, no state. The rounding functions take the number of decimal digits to keep. A power of ten out of
- * the range of a double yields 0 where it would be a divisor of 0.
+ * Static functions only, no state. The rounding functions take the number of decimals to keep; from 2^31 on it counts
+ * as a negative int, so that 4294967295 rounds to tens. If 10^digits is 0, the result is 0.
  *
  * @code
  * CMath::round(-2.5, 0);            // -3: half away from zero
@@ -41,8 +41,8 @@ public:
     /**
      * @brief Rounds to `digits` decimals toward minus infinity: floor(value * 10^digits) / 10^digits.
      *
-     * A product out of the range of a double becomes the infinity of its sign. More than 308 digits, for which 10^digits is
-     * out of that range, yield NaN.
+     * A product out of the range of a double becomes the infinity of its sign. If 10^digits is infinite (309 digits and
+     * more), the result is NaN.
      */
     static double roundOff(double value, unsigned int digits);
 
@@ -53,10 +53,11 @@ public:
     static double exp10(int exponent);
 
     /**
-     * @brief Plausibility check: returns false for ±inf, NaN and, in the two extreme exponents, for low words beyond a limit.
+     * @brief Plausibility check: returns false for ±inf, NaN and some numbers of the two extreme exponents.
      *
-     * With the largest finite exponent the limit is above 0xD7B9609A, with the smallest normal one at most 0x1111E1E4. Only
-     * the low word of the mantissa is compared. Everything else is plausible, zero and subnormal numbers included.
+     * These are the largest finite exponent with a low word above 0xD7B9609A, and the smallest normal one with a low
+     * word of at most 0x1111E1E4. Only the low word of the mantissa is compared. Zero and subnormal numbers are
+     * plausible.
      *
      * @param data An IEEE 754 double in little-endian order, at any address; a null pointer yields false.
      */

@@ -16,12 +16,12 @@ class QDataStream;
  * @brief Parses numbers with a range check and holds the phrasings that the tools share: type names, versions, titles,
  * devices, revisions, serial numbers, memory sizes and log file names.
  *
- * Static functions only, no state. A template is filled one placeholder at a time: a "%1" inside an argument is replaced
- * by the next argument.
+ * Static functions only, no state. A template is filled one placeholder at a time: a "%1" inside an argument is
+ * replaced by the next argument.
  *
- * Numbers are parsed in the C locale, as QString parses them. Blanks around the number are allowed. Base 0 takes the base
- * from the prefix, "0x" (hexadecimal) or "0" (octal); other bases are 2 to 36. A number out of the type's range and an
- * unknown base are failures.
+ * Numbers are parsed in the C locale, as QString parses them. Blanks around the number are allowed. Base 0 takes the
+ * base from the prefix, "0x" (hexadecimal) or "0" (octal); other bases are 2 to 36. A number out of the type's range
+ * and an unknown base are failures.
  *
  * @code
  * unsigned char level = 1;
@@ -112,7 +112,7 @@ public:
     /** @} */
 
     /**
-     * @brief Returns a fixed-point number as text: the integer part, the separator and the raw fraction bits, in decimal.
+     * @brief Returns a fixed-point number as text: integer part, separator and raw fraction bits, in decimal.
      *
      * The fraction is not converted into decimal digits: 5 with 2 fraction bits and "." is "1.1".
      *
@@ -181,7 +181,7 @@ public:
                                           const QString& version, const QString& extra);
 
     /**
-     * @brief Returns the short title of a tool: "%1 %2 - V%3" with the company's short name, the tool's name and version, then
+     * @brief Returns the short title of a tool: "%1 %2 - V%3" with company, tool and version, then
      * " - [ Build " with the build number, " - " and the build date in ISO 8601 form, and " ]".
      *
      * @param locale Not used.

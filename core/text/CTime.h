@@ -69,7 +69,7 @@ public:
     /// Returns the count, in the unit held.
     unsigned long long value() const;
 
-    /// Returns the duration as a count of `target`, rounded half away from zero; unchanged if `target` is the unit held.
+    /// Returns the duration as a count of `target`, rounded half away from zero; unchanged in the unit held.
     unsigned long long value(ETimeUnit target) const;
 
     /// Returns the unit held.
@@ -99,7 +99,7 @@ public:
     bool convertToPrevIntegerValue(long long& value, ETimeUnit& unit) const;
 
     /**
-     * @brief Finds the first smaller unit in which a duration is whole, and writes the whole part in the unit before it.
+     * @brief Finds the first smaller unit in which a duration is whole, and writes the whole part in the unit before.
      *
      * The arithmetic runs in double through seconds. Rounding may make a whole count look fractional (3 ns).
      *
@@ -111,8 +111,8 @@ public:
      * @endcode
      *
      * @return true if such a pair was written. false with nothing written for 0, for picoseconds, for a value that is
-     *         whole in `unit` and for NaN and infinities. false with the picoseconds written for a value that is whole in
-     *         no unit.
+     *         whole in `unit` and for NaN and infinities. false with the picoseconds written for a value that is whole
+     *         in no unit.
      */
     static bool convertToPrevIntegerValue(const double& value, ETimeUnit unit, long long& outValue,
                                           ETimeUnit& outUnit);
@@ -149,8 +149,8 @@ private:
 /**
  * @brief Returns the sum of two durations of different units, in the unit of `a`, truncated.
  *
- * For equal units the result is twice the unit's number (6 ms for any two durations in milliseconds), not the sum. Callers
- * rely on this, and add counts of equal units themselves. Sums beyond 64 bits of nanoseconds wrap.
+ * For equal units the result is twice the unit's number (6 ms for any two durations in milliseconds), not the sum.
+ * Callers rely on this, and add counts of equal units themselves. Sums beyond 64 bits of nanoseconds wrap.
  */
 TLXCORE_EXPORT CTime operator+(const CTime& a, const CTime& b);
 

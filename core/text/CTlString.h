@@ -100,7 +100,7 @@ public:
      *
      * - Decimal: through a double, in format "f" or "g"; a width other than 0 is widened by 2. No shift.
      * - Fixed point: with d fraction digits above 0, the quotient and the remainder of 10^d with a point between, each
-     *   with its own sign. The quotient has width - d - 1 characters. 10^d is taken modulo 2^64; a divisor of 0 yields 0.
+     *   with its own sign. The quotient has width - d - 1 characters. 10^d is modulo 2^64; a divisor of 0 yields 0.
      * - Hexadecimal, binary: the bits, filled with "0" to the width and truncated to it on the left, so width 0 prints
      *   nothing. A negative width truncates nothing.
      *
@@ -134,13 +134,13 @@ public:
      * - Fixed point: the digits without their separators, as a signed 64-bit number; "0x" means hexadecimal, a leading
      *   0 octal.
      * - Hexadecimal: normalised as by validateHexStr(), to 16 digits when the descriptor has neither width nor
-     *   fraction. A text of more than 64 bits is a number for the signed types only, and only if the excess is exactly the
-     *   "f" that toStr() prints for a negative number. A factor other than 1 multiplies the unsigned bits, or the signed
-     *   number after a "-".
+     *   fraction. A text of more than 64 bits is a number for the signed types only, and only if the excess is exactly
+     *   the "f" that toStr() prints for a negative number. A factor other than 1 multiplies the unsigned bits, or the
+     *   signed number after a "-".
      * - Binary: normalised likewise; always multiplied as a double.
      *
      * Then the pre-shift is undone, and the result is truncated to the type: "ff" is -1 as an 8-bit signed number.
-     * Products are truncated toward zero; a product out of the range of a signed 64-bit number becomes the bits of -2^63.
+     * Products are truncated toward zero; one out of the range of a signed 64-bit number becomes the bits of -2^63.
      *
      * @param s The text.
      * @param format A SFormatValue or its packed form.
@@ -175,27 +175,27 @@ public:
     static double toF64(const QString& s, unsigned int format, double factor, bool* ok);
     /** @} */
 
-    /// Inserts a "." between every four characters, counted from the right. Texts below five characters stay as they are.
+    /// Inserts a "." between every four characters, counted from the right.
     static QString insertPointSeparator(const QString& s);
 
     /**
      * @brief Normalises the integer part of an entry: width - fractionDigits digits in groups of four.
      *
-     * Without "." the text is one group of eight, otherwise each part is a group of four. Groups are filled with "0" on the
-     * left and truncated to their rightmost characters. The result is empty if there are no integer digits; a negative
-     * number of digits truncates nothing more.
+     * Without "." the text is one group of eight, otherwise each part is a group of four. Groups are filled with "0" on
+     * the left and truncated to their rightmost characters. The result is empty if there are no integer digits; a
+     * negative number of digits truncates nothing more.
      */
     static QString validateUpperString(const QString& s, SFormatValue format);
 
-    /// Normalises the fraction part of an entry: fractionDigits digits, filled and truncated as in validateUpperString().
+    /// Normalises the fraction part of an entry: fractionDigits digits, else as validateUpperString().
     static QString validateLowerString(const QString& s, SFormatValue format);
 
     /**
      * @brief Normalises a hexadecimal entry in place to what toStr() would print for it.
      *
-     * A leading "-" stays, a "+" or "0x" is removed, an empty text becomes "0". Groups after a "." and the digits after the
-     * ":" are filled on the left. Digits beyond the width are cut on the left, unless the width is below 1. A text with any
-     * other character is not changed, so no conversion accepts it.
+     * A leading "-" stays, a "+" or "0x" is removed, an empty text becomes "0". Groups after a "." and the digits after
+     * the ":" are filled on the left. Digits beyond the width are cut on the left, unless the width is below 1. A text
+     * with any other character is not changed, so no conversion accepts it.
      *
      * @code
      * QString entry = QStringLiteral("1f");
@@ -204,9 +204,9 @@ public:
      *
      * @param s The entry.
      * @param format Its descriptor; under the binary notation the digits are binary.
-     * @return true if the text is a number in that notation, only zeros were cut and it fits 64 bits; false for empty text
-     * and for a binary number with a sign. The "f" that toStr() prints before the 64 bits of a negative number, if a
-     * fraction makes the text wider than 16 digits, are not counted.
+     * @return true if the text is a number in that notation, only zeros were cut and it fits 64 bits; false for empty
+     * text and for a binary number with a sign. The "f" that toStr() prints before the 64 bits of a negative number, if
+     * a fraction makes the text wider than 16 digits, are not counted.
      */
     static bool validateHexStr(QString& s, SFormatValue format);
 

@@ -12,14 +12,15 @@
 /**
  * @brief The catalogue of units: name, value type and size in bytes of each of the 126 units of device objects.
  *
- * A unit is given by enumerator, by number or by name ("UNIT_U16", case-sensitive). `ok`, if not null, receives whether the
- * unit is known, with two exceptions that callers rely on: type() of a text that does not begin with "UNIT" leaves it
- * unchanged, and size() of a text sets it to true for any text.
+ * A unit is given by enumerator, by number or by name ("UNIT_U16", case-sensitive). `ok`, if not null, receives whether
+ * the unit is known, with two exceptions that callers rely on: type() of a text that does not begin with "UNIT" leaves
+ * it unchanged, and size() of a text sets it to true for any text.
  *
  * The functions and the maps can be used by static objects of a program.
  *
  * @code
- * CVariant value(CUnitParser::type(QStringLiteral("UNIT_DATE_TIME"))); // a date-time of 8 bytes
+ * CUnitParser::type(QStringLiteral("UNIT_DATE_TIME"));    // NTypes::TYPE_DATETIME
+ * CUnitParser::size(QStringLiteral("UNIT_DATE_TIME"));    // 8
  * @endcode
  *
  * Any thread may call these functions, see \ref threads.
@@ -35,7 +36,7 @@ public:
     /// Maps every name to its unit.
     static const QHash<QString, NUnits::EObjectUnit> mcSTR_TO_UNIT_MAP;
 
-    /// Maps the names of the value types, such as "U8", to the types; without "UNKNOWN" and "F80", which have no values.
+    /// Maps the names of the value types, such as "U8", to the types, without "UNKNOWN" and "F80".
     static const QMap<QString, NTypes::ETypes> mcTYPE_MAP;
 
     /// Returns the unit's name; empty for an unknown unit.
@@ -66,7 +67,7 @@ public:
     /// As size(NUnits::EObjectUnit, bool*), for a number.
     static int size(unsigned int unit, bool* ok = nullptr);
 
-    /// As above, for a name. An unknown name is UNIT_UNKNOWN, whose size is 0, and `ok` is true.
+    /// As size(NUnits::EObjectUnit, bool*), for a name. Of an unknown name it is 0, and `ok` is true.
     static int size(const QString& text, bool* ok = nullptr);
 
     /// Returns the map from units to names.

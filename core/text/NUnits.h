@@ -18,9 +18,12 @@ class QDebug;
  * - A "fraction" is a signed 16-bit integer. The physical value of one step belongs to the drive; the catalogue does
  *   not hold it.
  * - A "user's unit" is a double in the unit in which the user enters the quantity.
- * - The units from UNIT_Volt_per_Ampere on are doubles in the unit that the name spells. The last five have a letter for
- *   a name: the catalogue fixes the letter, the number and the storage, and the drive's object what is measured.
+ * - The units from UNIT_Volt_per_Ampere on are doubles in the unit that the name spells. The last five have a letter
+ *   for a name: the catalogue fixes the letter, the number and the storage, and the drive's object what is measured.
  * - Reserved units are stored as signed 32-bit integers (UNIT_res35: 16-bit).
+ *
+ * @see \ref numbers_and_text
+ * @since 1.0
  */
 namespace NUnits {
 

@@ -62,8 +62,8 @@ public:
         assign(text);
     }
 
-    /// Takes the first 2N bytes as units in the machine's byte order. The remaining units are zero. An odd number of bytes
-    /// sets half of a unit.
+    /// Takes the first 2N bytes as units in the machine's byte order. The remaining units are zero. An odd number of
+    /// bytes sets half of a unit.
     CFixedString(const QByteArray& bytes)
         : CFixedString()
     {
@@ -174,8 +174,7 @@ private:
     /// @cond INTERNAL
     struct SBlock : QSharedData
     {
-        quint32 unused[3] =
-            {}; // the units begin at an even 16 bytes, which streams and comparison are faster with
+        quint32 unused[3] = {}; // 16 bytes before the units: streams and comparison are faster
         TArray units = {};
     };
     /// @endcond

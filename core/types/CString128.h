@@ -6,7 +6,7 @@
 #include <QMetaType>
 
 /**
- * @brief A text of exactly 128 UTF-16 code units, the value of type "STRING128": names and texts as devices exchange them.
+ * @brief A text of exactly 128 UTF-16 code units, the value of type "STRING128".
  *
  * Implicitly shared. A text of 128 units has no terminator, a longer one is truncated. An empty text is not valid.
  * Units after the terminator are part of the value (see CFixedString).
@@ -27,8 +27,7 @@ public:
     /// Constructs from nothing, a QString, a QByteArray or an array of 128 units.
     using CFixedString::CFixedString;
 
-    /// Writes the text and its terminator over the units. Units after the terminator keep their old values; callers rely on
-    /// this.
+    /// Writes the text and its terminator over the units. Units after it keep their old values.
     CString128& operator=(const QString& text)
     {
         assign(text);

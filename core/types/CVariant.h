@@ -28,8 +28,8 @@ class QDebug;
  * A variant without type is "UNKNOWN": null and not valid. Payload and tag may disagree after reading a stream or
  * setDefaultValue(); readers select by tag, then convert whatever the payload actually holds.
  *
- * Nothing here throws. A reader that fails returns 0 or an empty text and sets its flag to false. Readers truncate: a number
- * out of the range of the result is cut to its width.
+ * Nothing here throws. A reader that fails returns 0 or an empty text and sets its flag to false. A number out of
+ * the range of a reader is truncated.
  *
  * @code
  * CVariant speed(NTypes::TYPE_U16);          // the default, 0
@@ -157,8 +157,8 @@ public:
     /// @name Assignment of a value
     /// @{
 
-    /// Replaces payload and tag as the constructor from the same argument sets them. The value is never converted to the
-    /// type that the variant had before.
+    /// Replaces payload and tag as the constructor from the same argument sets them. The value is never converted to
+    /// the type that the variant had before.
     CVariant& operator=(signed char value) { return set(value, NTypes::TYPE_I8); }
     CVariant& operator=(unsigned char value) { return set(value, NTypes::TYPE_U8); }
     CVariant& operator=(short value) { return set(value, NTypes::TYPE_I16); }
@@ -211,29 +211,30 @@ public:
     bool isValid() const { return mType != NTypes::TYPE_UNKNOWN && mValue.isValid(); }
 
     /**
-     * @brief Returns true if the value can be read as the type.
+     * @brief Returns true if a conversion to the type is admitted. The reader may fail nevertheless: numbers are read
+     * from numbers and dates only, 8-bit texts from 8-bit texts only.
      *
-     * Numbers: Qt's own rule for the payload, so an unsigned char does not convert to unsigned short or float. A "DATETIME"
-     * converts to every number. UTF-16 texts and "UTF16CHAR": from any text or character. 8-bit texts:
-     * from numbers, 8-bit texts and "DATETIME". "DATETIME": from the 64-bit integers and "DATETIME". Nothing converts
-     * to "UNKNOWN", "F80" or a number above NTypes::TYPE_CHAR.
+     * Numbers: Qt's own rule for the payload, so an unsigned char does not convert to unsigned short or float, and
+     * 8-bit texts convert to every number. A number converts to "F64", a "DATETIME" to every number. UTF-16 texts and
+     * "UTF16CHAR": from any text or character. 8-bit texts: from numbers, 8-bit texts and "DATETIME". "DATETIME": from
+     * the 64-bit integers and "DATETIME". Nothing converts to "UNKNOWN", "F80" or a number above NTypes::TYPE_CHAR.
      */
     bool canConvertTo(NTypes::ETypes type) const;
 
-    /// Returns the default payload of the type: 0 (an int for the 8- and 16-bit types), zero bytes of the full length, an
-    /// empty text or record; invalid for "UNKNOWN", "F80" and above NTypes::TYPE_CHAR.
+    /// Returns the default payload of the type: 0 (an int for the 8- and 16-bit types), zero bytes of the full length,
+    /// an empty text or record; invalid for "UNKNOWN", "F80" and above NTypes::TYPE_CHAR.
     QVariant defaultValue(NTypes::ETypes type) const;
 
-    /// Sets the tag and the default payload. A type without default changes the tag only; operator QVariant() still returns
-    /// the old payload.
+    /// Sets the tag and the default payload. A type without default changes the tag only; operator QVariant() still
+    /// returns the old payload.
     CVariant& setDefaultValue(NTypes::ETypes type);
     /// @}
 
     /// @name Numbers
     /// @{
 
-    /// Returns the number, truncated to the width of the result (a float toward zero first); 0 and false if the value is not
-    /// a number or date, or canConvertTo() is false. A "DATETIME" is its packed 64-bit number.
+    /// Returns the number, truncated to the width of the result (a float toward zero first); 0 and false if the value
+    /// is not a number or date, or canConvertTo() is false. A "DATETIME" is its packed 64-bit number.
     signed char toI8(bool* ok = nullptr) const;
     unsigned char toU8(bool* ok = nullptr) const;
     short toI16(bool* ok = nullptr) const;
@@ -261,8 +262,8 @@ public:
     /// @name UTF-16 texts
     /// @{
 
-    /// Returns any text or character, truncated to the length of the result; an empty text and false for anything else. The
-    /// array forms copy all code units of the result, zeros on failure.
+    /// Returns any text or character, truncated to the length of the result; an empty text and false for anything else.
+    /// The array forms copy all code units of the result, zeros on failure.
     CString32 toString32(bool* ok = nullptr) const;
     bool toString32(unsigned short (&dest)[32]) const;
     CString64 toString64(bool* ok = nullptr) const;
@@ -277,8 +278,8 @@ public:
     /// @name 8-bit texts
     /// @{
 
-    /// Copies the bytes of an 8-bit text or character, zero-filled and always terminated (toChar(): the one byte). Returns
-    /// false and leaves the destination untouched for anything else, numbers and dates included.
+    /// Copies the bytes of an 8-bit text or character, zero-filled and always terminated (toChar(): the one byte).
+    /// Returns false and leaves the destination untouched for anything else, numbers and dates included.
     bool toCharStr64(char (&dest)[64]) const;
     bool toCharStr128(char (&dest)[128]) const;
     bool toCharStr256(char (&dest)[256]) const;
@@ -299,8 +300,8 @@ public:
     /// @{
 
     /**
-     * @brief Returns the neutral text: numbers in decimal ("F32" with 6, "F64" with 15 significant digits), texts up to their
-     * first zero (8-bit ones read as UTF-8).
+     * @brief Returns the neutral text: numbers in decimal ("F32" with 6, "F64" with 15 significant digits), texts up to
+     * their first zero (8-bit ones read as UTF-8).
      *
      * A "DATETIME" shows as yyyy-MM-ddTHH:mm:ss (ISO 8601, local time) if its payload is the packed 64-bit number.
      * Callers rely on a record, as the constructor makes it, showing as an empty text. So does an impossible date. An
@@ -313,7 +314,9 @@ public:
 
     operator QString() const { return toStr(); }
 
-    /// Returns the prefix followed by the value's lowercase hexadecimal digits; no digits for floats and "UNKNOWN".
+    /// Returns the prefix and the value's lowercase hexadecimal digits: two a byte of integers and characters (16 of a
+    /// negative 32-bit number), all bytes of texts (code units low byte first), a packed date-time without leading
+    /// zeros. Floats and "UNKNOWN" have no digits.
     QString toHex(const QString& prefix) const;
     /// @}
 
@@ -323,10 +326,10 @@ public:
     /**
      * @brief Parses text as a type; malformed numbers and dates become a valid 0.
      *
-     * Integers: 0x means hexadecimal, a leading 0 octal; a number out of 32 bits (64 bits for "U64", "I64")
-     * is malformed; otherwise it is truncated to the width. Floats: C locale. Texts are truncated to the type's length; 8-bit ones
-     * are the text's Latin-1 bytes, not padded. "DATETIME": a decimal 32-bit number is the packed form, otherwise
-     * ISO 8601 (yyyy-MM-ddTHH:mm:ss.zzz). "F80" and numbers above NTypes::TYPE_CHAR return "UNKNOWN" and log a warning.
+     * Integers: 0x means hexadecimal, a leading 0 octal; a number out of 32 bits (64 bits for "U64", "I64") is
+     * malformed; otherwise it is truncated to the width. Floats: C locale. Texts are truncated to the type's length;
+     * 8-bit ones are the text's Latin-1 bytes, not padded. "DATETIME": a decimal 32-bit number is the packed form,
+     * otherwise ISO 8601 (yyyy-MM-ddTHH:mm:ss.zzz). "F80" and above NTypes::TYPE_CHAR: "UNKNOWN" and a warning.
      */
     static CVariant fromStr(const QString& text, NTypes::ETypes type);
 
@@ -410,8 +413,8 @@ private:
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CVariant& value);
 
 /// Reads payload and tag, without a check that they agree. A container or foreign user type is rejected before any
-/// allocation: ReadCorruptData, "UNKNOWN". After a stream that ends early, or one whose status was bad before, the variant
-/// holds what Qt's own readers leave.
+/// allocation: ReadCorruptData, "UNKNOWN". Check the status of a stream: one that ends early
+/// leaves in the variant what Qt's own readers leave.
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CVariant& value);
 
 /// Consistent with operator==; floats, whose comparison is fuzzy, hash by their type alone.

@@ -13,8 +13,11 @@ class QDebug;
 /**
  * @brief The catalogue of value types that device objects carry, and the plain records for dates and times.
  *
- * The numbers of NTypes::ETypes travel in streams and parameter files and never change. An ETypes can hold any 32-bit number
- * (a stream stores what it reads); numbers above NTypes::TYPE_CHAR are unknown types.
+ * The numbers of NTypes::ETypes travel in streams and parameter files and never change. An ETypes can hold any 32-bit
+ * number (a stream stores what it reads); numbers above NTypes::TYPE_CHAR are unknown types.
+ *
+ * @see \ref typed_values
+ * @since 1.0
  */
 namespace NTypes {
 
@@ -135,8 +138,8 @@ TLXCORE_EXPORT QDebug operator<<(QDebug debug, const tsDateTime& value);
 /// @name Stream
 /// @{
 
-/// The fields in declaration order, the year as signed 16 bits in the stream's byte order. A date-time is 8 bytes:
-/// hundredths, second, minute, hour, day, month, year.
+/// Writes or reads the fields in declaration order, the year as signed 16 bits in the stream's byte order. A date-time
+/// is 8 bytes: hundredths, second, minute, hour, day, month, year.
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const tsDate& value);
 TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, tsDate& value);
 TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const tsTime& value);

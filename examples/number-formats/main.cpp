@@ -6,7 +6,7 @@
 int main()
 {
     //! [show]
-    // Two digits behind the point, six characters, no shift, fixed point.
+    // Two digits after the point, six characters, no shift, fixed point.
     const CTlString::SFormatValue fixed(2, 6, 0, CTlString::NOTATION_FIXED_POINT);
     const QString shown = CTlString::toStr(1234, fixed); // " 12.34"
     //! [show]
@@ -23,7 +23,7 @@ int main()
     //! [hex]
 
     //! [range]
-    // Range-checked reading: 256 is no unsigned 8-bit number, so the fallback stands.
+    // Parsing checks the range: 256 does not fit 8 bits, so the result is the fallback.
     const unsigned char level = CStr::strToU8(static_cast<unsigned char>(7), QStringLiteral("256"), 10);
     //! [range]
 

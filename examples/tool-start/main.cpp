@@ -1,4 +1,5 @@
-// The road of one start of a tool: arguments, directories, settings, title, log file, and a value of a drive's object.
+// A complete start-up of a tool: arguments, directories, settings, title, log file, and a value of a drive's object.
+//! [head]
 #include <core/tlxCore.h>
 
 #include <QCoreApplication>
@@ -11,6 +12,7 @@ QTextStream& out()
     static QTextStream stream(stdout);
     return stream;
 }
+//! [head]
 
 //! [arguments]
 // "drvadr=3 lang=de level=2 port=0x1F40" on the command line.
@@ -22,8 +24,8 @@ void showArguments(const CCommandLineParser& arguments)
 //! [arguments]
 
 //! [directories]
-// One level above the program's directory lies the installation; below it, and below the user's own directories, lie
-// those that a tool asks for. They are made on request.
+// The installation is one level above the program's directory. The tool's directories are below it and below the user's
+// own directories. They are created on request.
 void showDirectories()
 {
     out() << "product " << CPath::productName() << " in " << CPath::installPath() << '\n';
@@ -36,7 +38,7 @@ void showDirectories()
 //! [directories]
 
 //! [title]
-// The settings are opened on the first question: the installation's own file, or the built-in one.
+// The first question opens the settings: the installation's own file, or the built-in one.
 void showTitle(const QLocale& locale)
 {
     out() << CStr::createApplicationTitle(locale, QStringLiteral(__DATE__),
@@ -48,7 +50,7 @@ void showTitle(const QLocale& locale)
 //! [title]
 
 //! [value]
-// A unit gives type and size of an object's value; the user's text fills it.
+// The unit determines the type and the size of an object's value. The user's text fills it.
 void showValue(const QString& unit, const QString& text)
 {
     CVariant value(CUnitParser::type(unit));
@@ -60,6 +62,7 @@ void showValue(const QString& unit, const QString& text)
 }
 //! [value]
 
+//! [main]
 } // namespace
 
 int main(int argc, char* argv[])
@@ -78,3 +81,4 @@ int main(int argc, char* argv[])
     }
     return CCompanyStrings::getCompanyLongName().isEmpty() ? 1 : 0;
 }
+//! [main]

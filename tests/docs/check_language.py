@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Finds turns of phrase that native readers stumble over, in the public headers' comments and in the pages.
+"""Finds turns of phrase that native readers stumble over: in the comments of headers and examples, in the pages, and in what
+tlx prints.
 
 usage: check_language.py ROOT
 """
@@ -56,12 +57,20 @@ def prose(text):
             yield number, re.sub(r"`[^`]*`", "", line)
 
 
+def messages(text):
+    """The texts in double quotes of the lines of a C++ text."""
+    for number, line in enumerate(text.splitlines(), 1):
+        if not line.lstrip().startswith(("#include", "//")):
+            yield number, " ".join(re.findall(r'"((?:[^"\\]|\\.)*)"', line))
+
+
 def sources(root):
-    for path in sorted((root / "core").rglob("*.h")):
+    for path in [*sorted((root / "core").rglob("*.h")), *sorted((root / "examples").rglob("*.cpp"))]:
         yield path, comments
-    for path in [*sorted((root / "docs").glob("*.md")), root / "README.md", root / "CONTRIBUTING.md",
-                 root / "CHANGELOG.md"]:
+    for path in [*sorted((root / "docs").glob("*.md")), *sorted(root.glob("*.md")), root / "bench/README.md"]:
         yield path, prose
+    for path in sorted((root / "tools/tlx").rglob("*.cpp")):
+        yield path, messages
 
 
 def faults(root):

@@ -12,7 +12,8 @@ import pathlib
 import sys
 import urllib.parse
 
-PAGES = {"front": "index.html", "class": "classCVariant.html", "guide": "coming_from_qt.html", "tables": "formats.html"}
+PAGES = {"front": "index.html", "class": "classCVariant.html", "guide": "coming_from_qt.html", "steps": "tool_start.html",
+         "tables": "formats.html"}
 WIDTHS = (1280, 420)
 # The contents scroll inside a frame beside the navigation tree.
 TOO_WIDE = """return Math.max(...[document.documentElement, document.getElementById("doc-content")]
