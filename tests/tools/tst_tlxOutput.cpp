@@ -21,6 +21,8 @@ private Q_SLOTS:
     void undecodableArgument();
     void undecodableNames();
     void unreadableFile();
+    void noFile_data();
+    void noFile();
 };
 
 namespace {
@@ -169,6 +171,24 @@ void tst_tlxOutput::unreadableFile()
     QCOMPARE(walk.exitCode, 1);
     QVERIFY2(walk.errorOutput.contains("1 directories cannot be read: ./closed: Permission denied"),
              walk.errorOutput.constData());
+}
+
+void tst_tlxOutput::noFile_data()
+{
+    QTest::addColumn<QStringList>("command");
+
+    QTest::newRow("tar") << QStringList{"tar"_text, "list"_text};
+    QTest::newRow("devices") << QStringList{"devices"_text};
+    QTest::newRow("stream") << QStringList{"stream"_text};
+}
+
+void tst_tlxOutput::noFile()
+{
+    QFETCH(QStringList, command);
+    const STlxRun run = runTlx(command + QStringList{"/dev/null"_text});
+    QCOMPARE(run.exitCode, 1);
+    const QByteArray said = ": /dev/null: a pipe or a device, not a file: pass its content as \"-\"\n";
+    QCOMPARE(run.errorOutput, "tlx " + command.first().toLatin1() + said);
 }
 
 QTEST_GUILESS_MAIN(tst_tlxOutput)

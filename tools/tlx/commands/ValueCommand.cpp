@@ -215,7 +215,8 @@ int runValue(const QCommandLineParser& parser, Report& report)
         return wrongUsage(report, NLookup::noSuchType(arguments.first()));
     }
     if (!CVariant(type).isValid()) {
-        return invalid(report, QStringLiteral("no value of type %1 exists").arg(CStr::nTypeToStr(type)));
+        return invalid(report, QStringLiteral("no value of type %1 exists: the library knows its name only")
+                                   .arg(CStr::nTypeToStr(type)));
     }
     if (arguments.size() == 2 && isStandardInput(arguments.last())) {
         return showLines(type, report);

@@ -66,7 +66,14 @@ bool InputFile::openRandom(const QString& name, Report& report)
     if (!openSequential(name, report)) {
         return false;
     }
-    return !isStandardInput(name) || copyStandardInput(report);
+    if (isStandardInput(name)) {
+        return copyStandardInput(report);
+    }
+    if (mFile.isSequential()) {
+        fileFault(report, name, QStringLiteral("a pipe or a device, not a file: pass its content as \"-\""));
+        return false;
+    }
+    return true;
 }
 
 bool InputFile::copyStandardInput(Report& report)
