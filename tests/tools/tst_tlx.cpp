@@ -59,8 +59,8 @@ void tst_tlx::wrongUsage_data()
     row("number --type U61 1", "no such type of numbers: U61: did you mean U64?\n");
     row("value --jsn U16", "no such option: jsn: did you mean json?\n");
     row("value I32 -5",
-        "-5 is taken for an option: put -- before the first argument that begins with a dash\n");
-    row("duration -1.5 ms", "-1.5 is taken for an option: put -- before");
+        "-5 looks like an option: put -- before the first argument that begins with a dash\n");
+    row("duration -1.5 ms", "-1.5 looks like an option: put -- before");
 }
 
 void tst_tlx::wrongUsage()

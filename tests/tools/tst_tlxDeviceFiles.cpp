@@ -132,17 +132,17 @@ void tst_tlxDeviceFiles::importRefuses_data()
         return json.replace(before, after);
     };
     QTest::newRow("no JSON") << QByteArray("{") << "-: unterminated object"_text;
-    QTest::newRow("no object") << QByteArray("[]") << "-: \"name\" is missing or not of its kind"_text;
+    QTest::newRow("no object") << QByteArray("[]") << "-: \"name\" is missing or has the wrong type"_text;
     QTest::newRow("port too high") << with("\"port\":1", "\"port\":65536")
-                                   << "-: device 0: \"port\" is missing or not of its kind"_text;
+                                   << "-: device 0: \"port\" is missing or has the wrong type"_text;
     QTest::newRow("fraction") << with("\"value1\":0", "\"value1\":0.5")
-                              << "-: device 0: \"value1\" is missing or not of its kind"_text;
+                              << "-: device 0: \"value1\" is missing or has the wrong type"_text;
     QTest::newRow("flag as text") << with("true", "\"yes\"")
-                                  << "-: device 0: \"flag1\" is missing or not of its kind"_text;
+                                  << "-: device 0: \"flag1\" is missing or has the wrong type"_text;
     QTest::newRow("address") << with("\"::1\"", "\"x\"")
-                             << "-: device 0: \"address\" is missing or not of its kind"_text;
+                             << "-: device 0: \"address\" is missing or has the wrong type"_text;
     QTest::newRow("sub-device") << with("{\"key\":1,\"number\":1,\"name\":\"s\"}", "1")
-                                << "-: device 0: sub-device 0: \"key\" is missing or not of its kind"_text;
+                                << "-: device 0: sub-device 0: \"key\" is missing or has the wrong type"_text;
 }
 
 void tst_tlxDeviceFiles::importRefuses()

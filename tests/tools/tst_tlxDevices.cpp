@@ -110,11 +110,11 @@ void tst_tlxDevices::motor_data()
     QTest::newRow("in a directory") << QStringList{text("/motors/ACME_M100_1")} << 0 << text("ACME_M100_1")
                                     << 1 << QString();
     QTest::newRow("with a suffix") << QStringList{text("ACME_M100_1.par")} << 1 << QString() << -1
-                                   << text("a file name with a suffix is not taken over: ACME_M100_1.par");
+                                   << text("a file name with a suffix is not parsed: ACME_M100_1.par");
     QTest::newRow("two parts") << QStringList{text("ACME_M100")} << 1 << QString() << -1
                                << text("not a motor base name: ACME_M100");
     QTest::newRow("number of two digits") << QStringList{text("--numeric"), text("A_B_12")} << 1
-                                          << text("A_B_0") << -1 << text("a part is refused: A_B_12");
+                                          << text("A_B_0") << -1 << text("a part is not valid: A_B_12");
     QTest::newRow("letters") << QStringList{text("A_B_C7")} << 0 << text("A_B_C7") << -1 << QString();
 }
 
@@ -237,7 +237,7 @@ void tst_tlxDevices::damagedDevices_data()
     QTest::newRow("count too large") << text("lying-count.devices") << 204
                                      << text("device 3 of 4294967295 is cut off by the end of the file") << 2;
     QTest::newRow("head cut off") << text("short-head.devices") << 0
-                                  << text("the list's head is cut off by the end of the file") << 0;
+                                  << text("the list's header is cut off by the end of the file") << 0;
     QTest::newRow("bytes behind the list")
         << text("trailing.devices") << 20 << text("4 bytes follow the list") << 0;
 }

@@ -130,7 +130,7 @@ void tst_tlxExtract::overwritesWithForceAlone()
 
     const STlxRun refused = place.extract();
     QCOMPARE(refused.exitCode, 1);
-    QCOMPARE(messageOf(refused), "a: it exists, --force replaces it; nothing was extracted"_text);
+    QCOMPARE(messageOf(refused), "a: it already exists; --force replaces it; nothing was extracted"_text);
     QCOMPARE(place.tree().entries("in"_text), (QStringList{"a=old"_text, "sub/"_text}));
 
     QCOMPARE(place.extract({"--force"_text}).exitCode, 0);
@@ -151,16 +151,16 @@ void tst_tlxExtract::hostile_data()
     QTest::newRow("absolute") << member("/tmp/tlx-hostile", '0', {}, "x")
                               << "/tmp/tlx-hostile: an absolute name"_text + nothing;
     QTest::newRow("link to an absolute place")
-        << member("l", '2', "/etc") << "l: a link out of the folder, to /etc"_text + nothing;
+        << member("l", '2', "/etc") << "l: a link that leads out of the folder, to /etc"_text + nothing;
     QTest::newRow("link up") << member("l", '2', "../victim")
-                             << "l: a link out of the folder, to ../victim"_text + nothing;
+                             << "l: a link that leads out of the folder, to ../victim"_text + nothing;
     QTest::newRow("link up from below")
         << member("a/b/l", '2', "../../../victim")
-        << "a/b/l: a link out of the folder, to ../../../victim"_text + nothing;
+        << "a/b/l: a link that leads out of the folder, to ../../../victim"_text + nothing;
     QTest::newRow("link up over another link")
         << member("a/b/d", '2', "../..") + member("a/b/e", '2', "d/../victim")
-        << "a/b/e: a link out of the folder, to d/../victim"_text + nothing;
-    QTest::newRow("no name") << member("") << ": no name for a file"_text + nothing;
+        << "a/b/e: a link that leads out of the folder, to d/../victim"_text + nothing;
+    QTest::newRow("no name") << member("") << ": not a file name"_text + nothing;
     QTest::newRow("nothing of a good member") << member("good", '0', {}, "1") + member("../victim")
                                               << "../victim: a name with \"..\""_text + nothing;
     const QString kinds =
@@ -203,7 +203,7 @@ void tst_tlxExtract::throughLinks_data()
         << QStringList() << member("l", '2', "sub") + member("l/a", '0', {}, "x")
         << QByteArray("l: a directory has this name");
     QTest::newRow("a file for a directory")
-        << QStringList{"in/f=1"_text} << member("f/a", '0', {}, "x") << QByteArray("is no directory");
+        << QStringList{"in/f=1"_text} << member("f/a", '0', {}, "x") << QByteArray("is not a directory");
     QTest::newRow("a directory for a file")
         << QStringList() << member("sub", '0', {}, "x") << QByteArray("a directory has this name");
 }
@@ -241,7 +241,7 @@ void tst_tlxExtract::manyNames()
 
     QCOMPARE(run.exitCode, 1);
     QVERIFY2(run.output.contains("same: another member has this name"), run.output.right(500).constData());
-    QVERIFY(run.output.contains("9979 members more are refused"));
+    QVERIFY(run.output.contains("9979 more members are refused"));
     QCOMPARE(place.outside(), before);
     QCOMPARE(run.result().value(QLatin1String("extracted")).toArray().size(), 10002);
 }

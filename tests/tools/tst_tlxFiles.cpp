@@ -135,7 +135,7 @@ void tst_tlxFiles::copyFails_data()
     const QStringList recursive{"--recursive"_text};
     QTest::newRow("exists") << QStringList() << "a"_text
                             << "b"_text
-                            << "%1/b exists; --force replaces a file"_text;
+                            << "%1/b already exists; --force replaces it"_text;
     QTest::newRow("missing") << QStringList() << "missing"_text
                              << "c"_text
                              << "no such file: %1/missing"_text;

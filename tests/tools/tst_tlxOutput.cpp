@@ -125,9 +125,10 @@ void tst_tlxOutput::undecodableArgument()
     const FileTree tree;
     const STlxRun run = runShell("LC_ALL=C.UTF-8 $TLX crc $'a\\xff' $'\\xfe' b"_text, tree.path());
     QCOMPARE(run.exitCode, 1);
-    QCOMPARE(run.errorOutput,
-             QByteArray("tlx: 2 arguments are in no encoding of the system, set a locale that has them: "
-                        "a\\xff, \\xfe\n"));
+    QCOMPARE(
+        run.errorOutput,
+        QByteArray("tlx: 2 an argument is not valid in the system's encoding: choose a locale that has it: "
+                   "a\\xff, \\xfe\n"));
     QCOMPARE(run.output, QByteArray());
     // What the locale can tell is no question mark.
     const STlxRun plain = runShell(
@@ -143,7 +144,7 @@ void tst_tlxOutput::undecodableNames()
     QCOMPARE(run.exitCode, 1);
     QCOMPARE(run.result().value(QLatin1String("count")).toInt(), 2);
     QCOMPARE(run.json().value(QLatin1String("error")).toObject().value(QLatin1String("message")).toString(),
-             "2 names are in no encoding of the system and are left out: t/a\\xff, t/d/\\xfe"_text);
+             "2 names are not valid in the system's encoding and are omitted: t/a\\xff, t/d/\\xfe"_text);
     const STlxRun copy = runShell("LC_ALL=C.UTF-8 $TLX copy --recursive t u"_text, tree.path());
     QCOMPARE(copy.exitCode, 1);
     QVERIFY2(copy.errorOutput.contains("t/a\\xff"), copy.errorOutput.constData());

@@ -29,10 +29,10 @@ void tst_tlxRefused::said_data()
                             << QString::fromUtf8(message);
     };
     row("value U16 abc", "text", "0", "abc: not a U16: the library reads 0");
-    row("value U16 70000", "text", "4464", "70000: does not fit U16: cut to 4464");
-    row("value U8 65536", "text", "0", "65536: does not fit U8: cut to 0");
-    row("value U32 4294967296", "text", "0", "4294967296: does not fit U32: cut to 0");
-    row("value I8 200", "text", "-56", "200: does not fit I8: cut to -56");
+    row("value U16 70000", "text", "4464", "70000: does not fit U16: truncated to 4464");
+    row("value U8 65536", "text", "0", "65536: does not fit U8: truncated to 0");
+    row("value U32 4294967296", "text", "0", "4294967296: does not fit U32: truncated to 0");
+    row("value I8 200", "text", "-56", "200: does not fit I8: truncated to -56");
     row("value -- U8 -1", "text", "0", "-1: does not fit U8: the library reads 0");
     row("value U64 18446744073709551616", "text", "0",
         "18446744073709551616: not a U64: the library reads 0");
@@ -46,11 +46,11 @@ void tst_tlxRefused::said_data()
         "2024-02-03T10:00:00+02:00: the time zone is not kept: the library reads the fields as they are "
         "written");
     row("value STRING32 123456789012345678901234567890123", "text", "12345678901234567890123456789012",
-        "123456789012345678901234567890123: does not fit STRING32: cut to 32 characters");
-    row("value CHAR ab", "text", "a", "ab: does not fit CHAR: cut to 1 characters");
+        "123456789012345678901234567890123: does not fit STRING32: truncated to 32 characters");
+    row("value CHAR ab", "text", "a", "ab: does not fit CHAR: truncated to 1 characters");
     row("value CHARSTR64 日", "text", "?", "日: not a CHARSTR64: the library reads ?");
     row("ip ::1", "address", "0:0:0:0:0:0:0:0",
-        "groups are left out, and the library reads 0:0:0:0:0:0:0:0: write all eight groups");
+        "groups are omitted, and the library reads 0:0:0:0:0:0:0:0: write all eight groups");
     row("company 999", "name", "PRODUCT999", "no such product: 999: \"tlx company\" lists the products");
     row("start port=abc foo", "arguments/port", "0",
         "ignored: foo: an argument has the form KEY=VALUE; not a number: port=abc: the library reads 0");
@@ -130,7 +130,7 @@ void tst_tlxRefused::lines()
         QCOMPARE(rows[i][QLatin1String("value")].toString(), QString::number(values.at(i)));
         QCOMPARE(rows[i][QLatin1String("accepted")].toBool(), accepted.at(i));
     }
-    QCOMPARE(rows[1][QLatin1String("note")].toString(), "does not fit U16: cut to 4464"_text);
+    QCOMPARE(rows[1][QLatin1String("note")].toString(), "does not fit U16: truncated to 4464"_text);
     QVERIFY(rows[4][QLatin1String("note")].isNull());
 }
 

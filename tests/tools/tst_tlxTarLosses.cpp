@@ -92,7 +92,7 @@ void tst_tlxTarLosses::losses_data()
                                  << "sparse: the library has the stored bytes, without the holes"_text;
     QTest::newRow("device") << named("null", {}, '3') << "a kind that is not supported"_text;
     QTest::newRow("checksum") << withWrongChecksum(named("a"))
-                              << "checksum wrong: the library does not look at it"_text;
+                              << "wrong checksum: the library does not verify it"_text;
     QTest::newRow("UTF-8") << named("gr\xc3\xb6\xc3\x9f"
                                     "e")
                            << "UTF-8 name shown as Latin-1: it is größe"_text;
@@ -135,7 +135,7 @@ void tst_tlxTarLosses::otherFormats_data()
                         << "xz data: unpack it first, as with unxz"_text;
     QTest::newRow("v7")
         << QByteArray(tarMember(old) + tarEnd())
-        << "a tar archive of the old v7 format, of which the library reads nothing: pack it again as "
+        << "a tar archive in the old v7 format, which the library does not read: pack it again as "
            "ustar"_text;
     QTest::newRow("nothing known")
         << filler

@@ -35,7 +35,7 @@ int main(int argc, char* argv[])
     const QList<QByteArray> lost = NUndecodable::arguments(given);
     if (!lost.isEmpty()) {
         const QString what =
-            QStringLiteral("arguments are in no encoding of the system, set a locale that has them");
+            QStringLiteral("an argument is not valid in the system's encoding: choose a locale that has it");
         printText(stderr, QStringLiteral("tlx: %1\n").arg(NUndecodable::counted(lost, what)));
         return EXIT_INVALID;
     }

@@ -207,7 +207,7 @@ QString otherFormat(QIODevice& file)
     }
     const bool isOld = header.size() == BLOCK && isChecksumRight(header) && header.at(0) != 0;
     return isOld ? QStringLiteral(
-               "a tar archive of the old v7 format, of which the library reads nothing: pack it "
+               "a tar archive in the old v7 format, which the library does not read: pack it "
                "again as ustar")
                  : QString();
 }
@@ -218,7 +218,7 @@ QStringList losses(const SArchiveMember& member, const QString& shown, qint64 sh
     const QString whole =
         isUtf8(member.name) ? QString::fromUtf8(member.name) : QString::fromLatin1(member.name);
     if (!member.isChecksumRight) {
-        texts << QStringLiteral("checksum wrong: the library does not look at it");
+        texts << QStringLiteral("wrong checksum: the library does not verify it");
     }
     if (isExtension(member.typeflag)) {
         return texts;

@@ -33,7 +33,7 @@ bool isAbsolute(const QString& name)
 QString nameRefusal(const QString& name)
 {
     if (name.isEmpty() || name.contains(QChar(0))) {
-        return QStringLiteral("no name for a file");
+        return QStringLiteral("not a file name");
     }
     if (isAbsolute(name)) {
         return QStringLiteral("an absolute name");
@@ -59,7 +59,7 @@ QString targetRefusal(const QString& path, const QString& target)
     const auto ups = std::distance(parts.cbegin(), down);
     const bool isInside = !target.isEmpty() && !isAbsolute(target) && !goesUpLater
                           && ups < partsOf(QDir::cleanPath(path)).size();
-    return isInside ? QString() : QStringLiteral("a link out of the folder, to ") + target;
+    return isInside ? QString() : QStringLiteral("a link that leads out of the folder, to ") + target;
 }
 
 } // namespace
@@ -81,7 +81,7 @@ QString Extraction::refusal(const SExtract& member) const
         return fault;
     }
     if (!mForce && isThere(place)) {
-        return QStringLiteral("it exists, --force replaces it");
+        return QStringLiteral("it already exists; --force replaces it");
     }
     return QString();
 }
@@ -101,14 +101,14 @@ QString Extraction::make(QIODevice& archive, const SExtract& member,
         return QStringLiteral("a directory has this name");
     }
     if (isThere(place) && !mForce) {
-        return QStringLiteral("another member has this name, --force keeps the last");
+        return QStringLiteral("another member has this name; --force keeps the last");
     }
     if (member.kind == SExtract::File) {
         return makeFile(archive, member, place.filePath(), progress);
     }
     QFile::remove(place.filePath());
     return QFile::link(member.target, place.filePath()) ? QString()
-                                                        : QStringLiteral("the system makes no such link");
+                                                        : QStringLiteral("the system cannot make this link");
 }
 
 // Makes missing directories one by one; none of them, made or found, may be a link.
@@ -126,7 +126,7 @@ QString Extraction::makeParents(const QString& path) const
             return QStringLiteral("%1 is a link, through which nothing is written").arg(place);
         }
         if (!info.isDir() && !QDir().mkdir(place)) {
-            return info.exists() ? QStringLiteral("%1 is no directory").arg(place)
+            return info.exists() ? QStringLiteral("%1 is not a directory").arg(place)
                                  : QStringLiteral("the directory cannot be made: %1").arg(place);
         }
         place += QLatin1Char('/');

@@ -106,7 +106,7 @@ int runCompany(const QCommandLineParser& parser, Report& report)
     bool isNumber = true;
     const int product = arguments.isEmpty() ? 0 : arguments.first().toInt(&isNumber);
     if (arguments.size() > 1 || !isNumber) {
-        return wrongUsage(report, QStringLiteral("at most one product, its number, is expected"));
+        return wrongUsage(report, QStringLiteral("at most one product number is expected"));
     }
     const UntouchedDirectories untouched;
     report.add("settings", "Settings file", settingsFile());

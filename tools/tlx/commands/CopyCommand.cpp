@@ -65,7 +65,7 @@ int copyOne(const QString& source, const QString& destination, bool force, Repor
     }
     const bool isThere = QFileInfo::exists(destination);
     if (isThere && !force) {
-        return invalid(report, QStringLiteral("%1 exists; --force replaces a file").arg(destination));
+        return invalid(report, QStringLiteral("%1 already exists; --force replaces it").arg(destination));
     }
     const qint64 size = from.size();
     {
@@ -86,9 +86,9 @@ int copyOne(const QString& source, const QString& destination, bool force, Repor
 
 QList<SOption> copyOptions()
 {
-    return {{FORCE_NAME, QStringLiteral("Replaces an existing file.")},
-            {RECURSIVE_NAME,
-             QStringLiteral("Copies everything under a directory; hidden entries are left out.")}};
+    return {
+        {FORCE_NAME, QStringLiteral("Replaces an existing file.")},
+        {RECURSIVE_NAME, QStringLiteral("Copies everything under a directory; hidden entries are omitted.")}};
 }
 
 int runCopy(const QCommandLineParser& parser, Report& report)

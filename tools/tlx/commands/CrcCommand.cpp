@@ -140,8 +140,8 @@ int checkSums(const QString& listName, Report& report)
             continue;
         }
         if (!readLine(line, expected)) {
-            report.setError(
-                QStringLiteral("line %1 is no sum and name: \"1A2B3C4D  NAME\" is expected").arg(number));
+            report.setError(QStringLiteral("line %1 is not a sum and a name: \"1A2B3C4D  NAME\" is expected")
+                                .arg(number));
             continue;
         }
         rows << checkedRow(expected, report);
@@ -149,7 +149,8 @@ int checkSums(const QString& listName, Report& report)
     report.addTable("files", {"file", "expected", "crc32", "right"}, rows);
     if (rows.isEmpty()) {
         report.setError(
-            QStringLiteral("%1 names no file: a line a file is expected, \"1A2B3C4D  NAME\"").arg(listName));
+            QStringLiteral("%1 lists no files: one line for each file is expected, \"1A2B3C4D  NAME\"")
+                .arg(listName));
     }
     return EXIT_DONE;
 }

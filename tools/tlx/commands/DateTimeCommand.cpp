@@ -59,7 +59,7 @@ void addForms(Report& report, const CDateTime& dateTime, Qt::TimeSpec spec)
 
 QList<SOption> dateTimeOptions()
 {
-    return {{"utc", QStringLiteral("Takes fields without a time zone as UTC, not as local.")},
+    return {{"utc", QStringLiteral("Reads a date-time without a time zone as UTC, not as local time.")},
             {"bytes", QStringLiteral("The value is the 8 bytes, in hexadecimal digits.")}};
 }
 
@@ -76,8 +76,7 @@ int runDateTime(const QCommandLineParser& parser, Report& report)
                           ? readBytes(text, spec, dateTime)
                           : readNumber(text, spec, dateTime) || readIso(text, spec, dateTime);
     if (!read) {
-        return invalid(report,
-                       QStringLiteral("neither a date-time in ISO 8601 nor its packed form: ") + text);
+        return invalid(report, QStringLiteral("neither an ISO 8601 date-time nor a packed one: ") + text);
     }
     report.add("valid", "Valid", dateTime.isValid());
     if (!dateTime.isValid()) {

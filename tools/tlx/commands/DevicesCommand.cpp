@@ -133,8 +133,9 @@ int exportFile(const QString& name, Order order, const QCommandLineParser& parse
         return invalid(report, content.fault, content.faultByte);
     }
     if (!NDeviceListJson::hasPlaceFor(content.list)) {
-        return invalid(report,
-                       QStringLiteral("JSON cannot hold this list: an address has no text of its own"));
+        return invalid(
+            report,
+            QStringLiteral("JSON cannot hold this list: an address has no text form that is read back"));
     }
     if (parser.isSet(QStringLiteral("json"))) {
         report.add("list", "List", NDeviceListJson::toJson(content.list));
@@ -172,7 +173,7 @@ int importFile(const QString& jsonName, const QString& name, Order order, bool f
         return EXIT_INVALID;
     }
     if (QFileInfo::exists(name) && !force) {
-        return invalid(report, QStringLiteral("%1 exists: --force replaces it").arg(name));
+        return invalid(report, QStringLiteral("%1 already exists; --force replaces it").arg(name));
     }
     QSaveFile file(name);
     const QByteArray bytes = NDeviceListFile::written(list, order);

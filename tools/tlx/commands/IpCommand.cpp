@@ -24,7 +24,7 @@ int runIp(const QCommandLineParser& parser, Report& report)
     }
     if (!complete) {
         return invalid(report,
-                       QStringLiteral("groups are left out, and the library reads %1: write all eight groups")
+                       QStringLiteral("groups are omitted, and the library reads %1: write all eight groups")
                            .arg(address.str()));
     }
     return EXIT_DONE;

@@ -6,7 +6,7 @@
 
 QList<SOption> motorOptions()
 {
-    return {{"numeric", QStringLiteral("Demands a numeric number.")}};
+    return {{"numeric", QStringLiteral("The number must be numeric.")}};
 }
 
 int runMotor(const QCommandLineParser& parser, Report& report)
@@ -30,8 +30,8 @@ int runMotor(const QCommandLineParser& parser, Report& report)
     if (parsed && motor.isValid()) {
         return EXIT_DONE;
     }
-    const QString reason = !parsed     ? QStringLiteral("a part is refused")
-                           : validFile ? QStringLiteral("a file name with a suffix is not taken over")
+    const QString reason = !parsed     ? QStringLiteral("a part is not valid")
+                           : validFile ? QStringLiteral("a file name with a suffix is not parsed")
                                        : QStringLiteral("not a motor base name");
     return invalid(report, reason + QStringLiteral(": ") + file);
 }

@@ -192,11 +192,11 @@ QList<SOption> numberOptions()
              typeNames},
             {"format", QStringLiteral("The whole descriptor as one number."), "NUMBER"},
             {"fraction", QStringLiteral("Digits after the point, -128 to 127."), "DIGITS"},
-            {"width", QStringLiteral("Characters in all, -128 to 127."), "WIDTH"},
+            {"width", QStringLiteral("Total characters, -128 to 127."), "WIDTH"},
             {"shift", QStringLiteral("Bits to shift right before showing, -128 to 127."), "BITS"},
             {"notation", QStringLiteral("decimal, fixed, hex, dual, or its number."), "NOTATION", "", 0,
              notationNames},
-            {"factor", QStringLiteral("What a number that is read is multiplied by (1)."), "FACTOR", "1"}};
+            {"factor", QStringLiteral("Multiplies a parsed number by this (1)."), "FACTOR", "1"}};
 }
 
 int runNumber(const QCommandLineParser& parser, Report& report)

@@ -209,7 +209,7 @@ int runStart(const QCommandLineParser& parser, Report& report)
     const QString product = parser.value(QStringLiteral("product"));
     bool isNumber = true;
     if (!product.isEmpty() && (product.toInt(&isNumber), !isNumber)) {
-        return wrongUsage(report, QStringLiteral("the product is a number: ") + product);
+        return wrongUsage(report, QStringLiteral("not a product number: ") + product);
     }
     const QStringList units = parser.values(QStringLiteral("unit"));
     const QString unknown = unknownUnit(units);

@@ -46,7 +46,7 @@ void addFault(QIODevice& device, const SStreamContent& content, bool isAuto, con
     if (content.fault.isEmpty()) {
         return;
     }
-    const QString hint = isAuto ? QStringLiteral("no kind and no order read it to its end")
+    const QString hint = isAuto ? QStringLiteral("no kind in either byte order reads it to its end")
                                 : NValueStream::otherOrder(device, content.form);
     report.setError(name + content.fault + (hint.isEmpty() ? QString() : QStringLiteral(": ") + hint),
                     content.faultByte);
@@ -112,8 +112,9 @@ QList<SOption> streamOptions()
 {
     const QString kinds = kindChoices().join(QLatin1String(", "));
     const QString versions = NValueStream::versions().join(QLatin1String(", "));
-    return {{"kind", QStringLiteral("What was streamed: %1 (tries all kinds and orders).").arg(kinds), "kind",
-             "variant", 0, kindChoices},
+    return {{"kind",
+             QStringLiteral("What was streamed: %1 (auto tries all kinds and byte orders).").arg(kinds),
+             "kind", "variant", 0, kindChoices},
             {"stream-version", QStringLiteral("The stream's version of Qt: %1.").arg(versions), "version",
              "5.15", 0, NValueStream::versions},
             {"little-endian", QStringLiteral("Reads numbers with their low byte first.")}};

@@ -78,7 +78,7 @@ public:
     ~Faults()
     {
         if (mCount > NAMED) {
-            mReport.setError(QStringLiteral("%1 members more are refused").arg(mCount - NAMED));
+            mReport.setError(QStringLiteral("%1 more members are refused").arg(mCount - NAMED));
         }
     }
     Faults(const Faults&) = delete;

@@ -21,7 +21,7 @@ struct SNumber
     quint64 highest;
 };
 
-const SNumber T0{"t0", "0", "Begin of step 0, seconds since 1970-01-01 UTC (default 0).",
+const SNumber T0{"t0", "0", "Start of step 0, seconds since 1970-01-01 UTC (default 0).",
                  std::numeric_limits<quint64>::max()};
 const SNumber STEP{"step", "30", "Length of a step in seconds (default 30).",
                    std::numeric_limits<quint32>::max()};
@@ -83,7 +83,7 @@ int readKey(const QCommandLineParser& parser, QByteArray* key, Report& report)
                                             .arg(QLatin1String(KEY_VARIABLE)));
     }
     if (!decode(parser, text, key)) {
-        return invalid(report, QStringLiteral("the key is not of the form that was named"));
+        return invalid(report, QStringLiteral("the key is not valid in the given form"));
     }
     return EXIT_DONE;
 }
@@ -113,8 +113,7 @@ int reportCheck(int result, Report& report)
 QList<SOption> totpOptions()
 {
     QList<SOption> options{
-        {"key-file",
-         QStringLiteral("File that holds the key, every byte of it; without it, the variable TLX_TOTP_KEY."),
+        {"key-file", QStringLiteral("File whose bytes are the key; without it, the variable TLX_TOTP_KEY."),
          "file"},
         {"hex", QStringLiteral("The key is written as hexadecimal digits.")},
         {"base64", QStringLiteral("The key is written as Base64.")},

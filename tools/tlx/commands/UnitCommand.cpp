@@ -41,7 +41,9 @@ NUnits::EObjectUnit findUnit(const QString& text, bool& ok)
 
 QList<SOption> unitOptions()
 {
-    return {{"search", QStringLiteral("Lists the units whose name has this text, in any case."), "TEXT"}};
+    return {{"search",
+             QStringLiteral("Lists the units whose name contains this text, in upper or lower case."),
+             "TEXT"}};
 }
 
 QStringList unitWords(int position)
@@ -54,7 +56,7 @@ int runUnit(const QCommandLineParser& parser, Report& report)
     const QStringList arguments = parser.positionalArguments();
     const bool isSearch = parser.isSet(QStringLiteral("search"));
     if (arguments.size() > (isSearch ? 0 : 1)) {
-        return wrongUsage(report, QStringLiteral("at most one unit, or --search and no unit, is expected"));
+        return wrongUsage(report, QStringLiteral("a unit or --search is expected, not both"));
     }
     if (arguments.isEmpty()) {
         return showCatalogue(parser.value(QStringLiteral("search")), report);

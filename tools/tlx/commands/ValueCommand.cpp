@@ -180,7 +180,7 @@ int showLines(NTypes::ETypes type, Report& report)
                        said.isEmpty() ? QJsonValue() : QJsonValue(said)});
     }
     if (refused > 0) {
-        report.setError(QStringLiteral("%1 of %2 lines are no values of the type: see their notes")
+        report.setError(QStringLiteral("%1 of %2 lines are not values of the type: see the notes")
                             .arg(refused)
                             .arg(lines));
     }

@@ -14,7 +14,7 @@ SDeviceListContent readToDamage(QIODevice& device, QDataStream::ByteOrder order)
     quint32 count = 0;
     stream >> content.list.name >> content.list.sourceType >> count;
     content.faultByte = 0;
-    QString part = QStringLiteral("the list's head");
+    QString part = QStringLiteral("the list's header");
     QMultiMap<unsigned int, CDeviceItem> devices;
     for (quint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
         content.faultByte = device.pos();

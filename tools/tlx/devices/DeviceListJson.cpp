@@ -16,7 +16,7 @@ QJsonObject objectOf(const QStringList& keys, const QJsonArray& values)
     return object;
 }
 
-// Reads the values of one object; the first that is missing or not of its kind is named in `fault`.
+// Reads the values of one object; the first that is missing or has the wrong type is named in `fault`.
 class Reader
 {
 public:
@@ -70,7 +70,8 @@ private:
     bool check(bool isRight, const char* key)
     {
         if (!isRight && mFault.isEmpty()) {
-            mFault = QStringLiteral("%1\"%2\" is missing or not of its kind").arg(mPlace, QLatin1String(key));
+            mFault =
+                QStringLiteral("%1\"%2\" is missing or has the wrong type").arg(mPlace, QLatin1String(key));
         }
         return isRight;
     }

@@ -26,10 +26,10 @@ QJsonObject toJson(const CDeviceList& list);
 /// The text of a file that holds the list.
 QByteArray toText(const CDeviceList& list);
 
-/// False when the list would not be read back equal, since an address has no text of its own.
+/// False when the list would not be read back equal, since an address has no text form that is read back.
 bool hasPlaceFor(const CDeviceList& list);
 
-/// Reads what toJson() made. False, with what is wrong and where in `fault`, when a value is missing or not of its kind.
+/// Reads what toJson() made. False, with what is wrong and where in `fault`, when a value is missing or has the wrong type.
 bool fromJson(const QJsonObject& object, CDeviceList& list, QString& fault);
 
 } // namespace NDeviceListJson

@@ -39,7 +39,8 @@ QString integerJudgement(const QString& text, const CVariant& value)
     const qulonglong bits = isNatural ? natural : static_cast<qulonglong>(whole);
     const qulonglong mask = (1ULL << value.toBitArray().size()) - 1;
     const bool isCut = value.toBitArray().size() < 64 && (bits & mask) == (value.toU64() & mask);
-    return doesNotFit(value, isCut ? QStringLiteral(": cut to ") + value.toStr() : reads(value.toStr()));
+    return doesNotFit(value,
+                      isCut ? QStringLiteral(": truncated to ") + value.toStr() : reads(value.toStr()));
 }
 
 QString floatJudgement(const QString& text, const CVariant& value)
@@ -74,7 +75,7 @@ QString textJudgement(const QString& text, const CVariant& value)
         return QString();
     }
     return text.startsWith(kept) && !kept.isEmpty()
-               ? doesNotFit(value, QStringLiteral(": cut to %1 characters").arg(kept.size()))
+               ? doesNotFit(value, QStringLiteral(": truncated to %1 characters").arg(kept.size()))
                : notA(value);
 }
 

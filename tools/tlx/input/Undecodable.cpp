@@ -125,7 +125,7 @@ void addOmitted(const QString& directory, Report& report)
     const NUndecodable::SWalk found = NUndecodable::walk(directory);
     if (!found.names.isEmpty()) {
         report.setError(NUndecodable::counted(
-            found.names, QStringLiteral("names are in no encoding of the system and are left out")));
+            found.names, QStringLiteral("names are not valid in the system's encoding and are omitted")));
     }
     if (!found.unopened.isEmpty()) {
         report.setError(NUndecodable::counted(found.unopened, QStringLiteral("directories cannot be read")));

@@ -28,7 +28,7 @@ SWalk walk(const QString& directory);
 /// Bytes as a text in which those that are not printable ASCII are escaped: "a\xff".
 QString escaped(const QByteArray& bytes);
 
-/// Counts and names them, at most ten: "2 names are in no encoding of the system: a\xff, b\xfe".
+/// Counts and names them, at most ten: "2 names are not valid in the system's encoding: a\xff, b\xfe".
 QString counted(const QList<QByteArray>& names, const QString& what);
 
 } // namespace NUndecodable

@@ -9,9 +9,9 @@
 namespace {
 
 const QString PURPOSE =
-    QStringLiteral("Shows what the library tlxCore does with the values that it is given.");
+    QStringLiteral("Shows what the library tlxCore does with a value, a file or a directory.");
 const QString EXIT_CODES =
-    QStringLiteral("0 done, 1 the input is damaged or not valid or differs, 2 wrong usage.");
+    QStringLiteral("0: done; 1: the input is damaged, not valid or different; 2: wrong usage.");
 
 struct SGeneral
 {
@@ -20,7 +20,7 @@ struct SGeneral
 };
 
 constexpr SGeneral GENERAL[] = {
-    {"--help", "Shows this help; after a command, the command's own."},
+    {"--help", "Shows this help; after a command, the help for that command."},
     {"--version", "Shows the versions of tlx, Qt and the compiler, and the commit."},
     {"--json", "Before or after a command: prints the result as one JSON object."},
     {"--manual-page", "Prints the manual page, for man -l."},
@@ -135,14 +135,13 @@ QString commandHelp(const SCommand& command)
 
 QString manualPage()
 {
-    QString page =
-        QStringLiteral(".TH TLX 1 \"\" \"tlx %1\" \"User Commands\"\n"
-                       ".SH NAME\ntlx \\- shows values, files and directories as tlxCore sees them\n"
-                       ".SH SYNOPSIS\n.B tlx\n.I COMMAND\n[OPTIONS] [ARGUMENTS]\n"
-                       ".SH DESCRIPTION\n%2\n"
-                       "Where a file is read, \\- is standard input.\n"
-                       "Every command takes these options:\n")
-            .arg(QStringLiteral(TLX_VERSION), PURPOSE);
+    QString page = QStringLiteral(".TH TLX 1 \"\" \"tlx %1\" \"User Commands\"\n"
+                                  ".SH NAME\ntlx \\- shows how tlxCore reads values, files and directories\n"
+                                  ".SH SYNOPSIS\n.B tlx\n.I COMMAND\n[OPTIONS] [ARGUMENTS]\n"
+                                  ".SH DESCRIPTION\n%2\n"
+                                  "Wherever a file is read, \\- is standard input.\n"
+                                  "Every command takes these options:\n")
+                       .arg(QStringLiteral(TLX_VERSION), PURPOSE);
     SCommand common{};
     const QList<SOption> options = optionsOf(common);
     for (const SOption& option : options) {

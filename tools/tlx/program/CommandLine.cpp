@@ -75,7 +75,7 @@ QString parserError(const QCommandLineParser& parser, const SCommand& command, c
     for (const QString& argument : arguments) {
         if (number.match(argument).hasMatch()) {
             return QStringLiteral(
-                       "%1 is taken for an option: put -- before the first argument that begins with a dash")
+                       "%1 looks like an option: put -- before the first argument that begins with a dash")
                 .arg(argument);
         }
     }
