@@ -1,6 +1,6 @@
 # CPack: the archives. The Debian packages are made by debhelper, from packaging/debian; scripts/package makes and checks
 # all of them.
-set(CPACK_PACKAGE_NAME "tlxcore")
+string(TOLOWER "${TLX_NAME}" CPACK_PACKAGE_NAME)
 set(CPACK_PACKAGE_VENDOR "tlxCore")
 set(CPACK_PACKAGE_CONTACT "tlxCore maintainers <maintainers@tlxcore.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
@@ -13,7 +13,7 @@ set(CPACK_SOURCE_PACKAGE_FILE_NAME "tlxcore-${PROJECT_VERSION}-source")
 set(CPACK_SOURCE_IGNORE_FILES "/build/" "^${PROJECT_SOURCE_DIR}/debian/" "/\\.git/" "/\\.cache/" "__pycache__")
 if(WIN32)
     set(CPACK_GENERATOR ZIP)
-    set(CPACK_PACKAGE_FILE_NAME "tlxCore-${PROJECT_VERSION}-windows-${CMAKE_SYSTEM_PROCESSOR}")
+    set(CPACK_PACKAGE_FILE_NAME "${TLX_NAME}-${PROJECT_VERSION}-windows-${CMAKE_SYSTEM_PROCESSOR}")
 else()
     set(CPACK_GENERATOR TGZ)
 endif()

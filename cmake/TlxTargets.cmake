@@ -11,6 +11,12 @@ set(TLX_QT_DEFINITIONS
     QT_NO_URL_CAST_FROM_STRING
     QT_USE_QSTRINGBUILDER)
 
+if(TLXCORE_QT_MAJOR EQUAL 6)
+    # What Qt 6 deprecates has no other name that Qt 5 knows.
+    list(APPEND TLX_QT_DEFINITIONS QT_NO_DEPRECATED_WARNINGS)
+    list(REMOVE_ITEM TLX_QT_DEFINITIONS QT_DEPRECATED_WARNINGS)
+endif()
+
 if(MSVC)
     set(TLX_WARNINGS /W4 /permissive- /utf-8)
     set(TLX_WERROR_OPTION /WX)
@@ -34,6 +40,9 @@ function(tlx_configure_target target)
         VISIBILITY_INLINES_HIDDEN ON)
     target_compile_definitions(${target} PRIVATE ${TLX_QT_DEFINITIONS})
     target_compile_options(${target} PRIVATE ${TLX_WARNINGS})
+    if(TLXCORE_QT_MAJOR EQUAL 6 AND NOT target STREQUAL tlxCore AND NOT MSVC)
+        target_compile_options(${target} PRIVATE -Wno-conversion) # sizes have 64 bits; programs and tests count in int
+    endif()
     if(TLXCORE_WERROR)
         target_compile_options(${target} PRIVATE ${TLX_WERROR_OPTION})
     endif()

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Uses the library as another project does: installed, found, linked, run, also after its tree was moved.
 
-usage: consumer.py --source ROOT --cmake CMAKE --generator NAME --compiler CXX {tool-start --build BUILD | examples --build BUILD | static | subproject}
+usage: consumer.py --source ROOT --cmake CMAKE --generator NAME --compiler CXX --qt {5,6}
+           {tool-start --build BUILD | examples --build BUILD | static | subproject}
 """
 import argparse
 import os
@@ -33,6 +34,7 @@ def check(condition, text):
 class Consumer:
     def __init__(self, options, work):
         self.options, self.work = options, work
+        self.package = {"5": "tlxCore", "6": "tlxCoreQt6"}[options.qt]
         self.environment = dict(os.environ, HOME=str(work / "home"), APPDATA=str(work / "appdata"), LC_ALL="C.UTF-8")
         for name in ("LD_LIBRARY_PATH", "CMAKE_PREFIX_PATH", "PKG_CONFIG_PATH"):
             self.environment.pop(name, None)
@@ -40,6 +42,21 @@ class Consumer:
         home = pathlib.Path(os.environ.get("HOME", work))
         self.build_environment = dict(os.environ, CCACHE_DIR=os.environ.get("CCACHE_DIR", str(home / ".cache/ccache")))
         (work / "home").mkdir()
+
+    def of_qt(self, text):
+        """CMake code for the Qt at hand: with Qt 6 it asks for the other package, and nothing else is changed."""
+        text = text.replace("find_package(tlxCore ", f"find_package({self.package} ")
+        text = text.replace("${tlxCore_", "${" + self.package + "_")
+        return text.replace("tlxCore::tlxCore", f"{self.package}::tlxCore").replace("Qt5", f"Qt{self.options.qt}")
+
+    def project(self, name):
+        """A copy of projects of the tree, for the Qt at hand."""
+        copy = self.work / "projects" / name
+        if not copy.exists():
+            shutil.copytree(self.options.source / name, copy)
+            for file in copy.rglob("CMakeLists.txt"):
+                file.write_text(self.of_qt(file.read_text()))
+        return copy
 
     def configure(self, source, build, *definitions, expect=0):
         return run(self.options.cmake, "-S", source, "-B", build, "-G", self.options.generator,
@@ -67,9 +84,9 @@ def check_start(consumer, output, tool):
 def try_example(consumer, prefix, name):
     """Finds the package below `prefix`, builds the example, installs it as a tool and starts it."""
     build, tool = consumer.work / f"build-{name}", consumer.work / name / "Tollan"
-    consumer.configure(consumer.options.source / "examples/tool-start", build, f"-DCMAKE_PREFIX_PATH={prefix}")
+    consumer.configure(consumer.project("examples/tool-start"), build, f"-DCMAKE_PREFIX_PATH={prefix}")
     cache = (build / "CMakeCache.txt").read_text()
-    check(f"tlxCore_DIR:PATH={prefix}" in cache, f"another package was found than that below {prefix}:\n{cache}")
+    check(f"{consumer.package}_DIR:PATH={prefix}" in cache, f"another package was found than that below {prefix}:\n{cache}")
     consumer.build(build)
     run("ctest", "--output-on-failure", "--no-tests=error", cwd=build, env=consumer.environment)
     consumer.install(build, tool)
@@ -92,17 +109,17 @@ def try_versions(consumer, prefix):
     for version, expect in (("1.0", 0), ("2", 1), ("0.9", 1)):
         (project / "CMakeLists.txt").write_text(
             "cmake_minimum_required(VERSION 3.16)\nproject(version LANGUAGES CXX)\n"
-            f"find_package(tlxCore {version} REQUIRED)\n")
+            f"find_package({consumer.package} {version} REQUIRED)\n")
         consumer.configure(project, consumer.work / f"build-version-{version}", f"-DCMAKE_PREFIX_PATH={prefix}",
                            expect=expect)
 
 
 def try_pkg_config(consumer, prefix):
     """The same example without CMake."""
-    folder = next(prefix.rglob("tlxCore.pc")).parent
+    folder = next(prefix.rglob("*.pc")).parent
     environment = dict(consumer.environment, PKG_CONFIG_PATH=str(folder))
-    flags = run("pkg-config", "--cflags", "--libs", "tlxCore", env=environment).split()
-    check(pathlib.Path(run("pkg-config", "--variable=libdir", "tlxCore", env=environment).strip()).resolve()
+    flags = run("pkg-config", "--cflags", "--libs", consumer.package, env=environment).split()
+    check(pathlib.Path(run("pkg-config", "--variable=libdir", consumer.package, env=environment).strip()).resolve()
           == folder.parent.resolve(), "the file names another library directory than its own")
     program = consumer.work / "pkg-config/Tollan/bin/tool-start"
     program.parent.mkdir(parents=True)
@@ -145,9 +162,10 @@ def try_block(consumer, prefix, name, block):
     if "project(" not in block:
         block = ("cmake_minimum_required(VERSION 3.16)\nproject(tool LANGUAGES CXX)\nadd_executable(tool main.cpp)\n"
                  + block)
-    (project / "CMakeLists.txt").write_text(block)
+    (project / "CMakeLists.txt").write_text(consumer.of_qt(block))
     build = consumer.work / f"build-{name}"
-    consumer.configure(project, build, f"-DCMAKE_PREFIX_PATH={prefix}", f"-DFETCHCONTENT_SOURCE_DIR_TLXCORE={source}")
+    consumer.configure(project, build, f"-DCMAKE_PREFIX_PATH={prefix}", f"-DFETCHCONTENT_SOURCE_DIR_TLXCORE={source}",
+                       f"-DTLXCORE_QT_MAJOR={consumer.options.qt}")
     if "find_package(tlxCore" in block:
         consumer.build(build)
 
@@ -156,8 +174,8 @@ def examples(consumer):
     """Every example, and every ```cmake block of the pages; those that build the library are configured only."""
     prefix, build = consumer.work / "installed", consumer.work / "examples"
     consumer.install(consumer.options.build, prefix)
-    consumer.configure(consumer.options.source / "tests/consumer/examples", build, f"-DCMAKE_PREFIX_PATH={prefix}",
-                       f"-DTLX_EXAMPLES={consumer.options.source / 'examples'}")
+    consumer.configure(consumer.project("tests/consumer/examples"), build, f"-DCMAKE_PREFIX_PATH={prefix}",
+                       f"-DTLX_EXAMPLES={consumer.project('examples')}")
     consumer.build(build)
     run("ctest", "--output-on-failure", "--no-tests=error", cwd=build, env=consumer.environment)
     blocks = list(cmake_blocks(consumer.options.source))
@@ -170,12 +188,12 @@ def examples(consumer):
 def static(consumer):
     build, prefix = consumer.work / "library", consumer.work / "installed"
     consumer.configure(consumer.options.source, build, "-DBUILD_SHARED_LIBS=OFF", "-DCMAKE_BUILD_TYPE=Debug",
-                       "-DTLXCORE_BUILD_TESTS=OFF", "-DTLXCORE_BUILD_TOOLS=OFF")
+                       f"-DTLXCORE_QT_MAJOR={consumer.options.qt}", "-DTLXCORE_BUILD_TESTS=OFF", "-DTLXCORE_BUILD_TOOLS=OFF")
     consumer.build(build)
     consumer.install(build, prefix)
     check(not list(prefix.rglob("*.so*")), "a shared library was installed")
     program = consumer.work / "program"
-    consumer.configure(consumer.options.source / "tests/consumer/static", program, f"-DCMAKE_PREFIX_PATH={prefix}")
+    consumer.configure(consumer.project("tests/consumer/static"), program, f"-DCMAKE_PREFIX_PATH={prefix}")
     consumer.build(program)
     shutil.move(prefix, consumer.work / "away")
     tool = consumer.work / "Prog/Tollan"
@@ -194,12 +212,12 @@ def project_version(source):
 
 def subproject(consumer):
     """By add_subdirectory and by FetchContent. Both build in one folder: a compiler cache then spares the second one."""
-    project, build = consumer.options.source / "tests/consumer/subproject", consumer.work / "whole"
+    project, build = consumer.project("tests/consumer/subproject"), consumer.work / "whole"
     version = project_version(consumer.options.source)
     for fetches in ("OFF", "ON"):
         shutil.rmtree(build, ignore_errors=True)
         consumer.configure(project, build, f"-DWHOLE_FETCHES={fetches}", f"-DWHOLE_TLXCORE={consumer.options.source}",
-                           "-DCMAKE_BUILD_TYPE=Debug")
+                           f"-DTLXCORE_QT_MAJOR={consumer.options.qt}", "-DCMAKE_BUILD_TYPE=Debug")
         consumer.build(build)
         prefix = consumer.work / f"installed-{fetches}"
         consumer.install(build, prefix)
@@ -215,6 +233,7 @@ def main():
     parser.add_argument("--cmake", required=True)
     parser.add_argument("--generator", required=True)
     parser.add_argument("--compiler", required=True)
+    parser.add_argument("--qt", choices=["5", "6"], required=True)
     parser.add_argument("what", choices=["tool-start", "examples", "static", "subproject"])
     parser.add_argument("--build", type=pathlib.Path)
     options = parser.parse_args()
