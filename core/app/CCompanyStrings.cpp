@@ -1,5 +1,7 @@
 #include <core/app/CCompanyStrings.h>
 
+#include <core/base/QtTexts.h>
+#include <core/base/QtVariant.h>
 #include <core/files/CPath.h>
 #include <core/files/Platform.h>
 
@@ -36,7 +38,7 @@ QString privateCopy(const QString& path, QTemporaryFile& copy)
     if (!file.open(QIODevice::ReadOnly) || !copy.open()) {
         return path;
     }
-    const QByteArray content = file.readAll();
+    const QByteArray content = NQtCompat::settingsContent(file.readAll());
     return copy.write(content) == content.size() && copy.flush() ? copy.fileName() : path;
 }
 
@@ -49,7 +51,8 @@ Values readAll(const QString& path)
     const QStringList keys = settings.allKeys();
     for (const QString& key : keys) {
         // Qt drops the slash, but takes a key of nothing else for one that is not empty.
-        values.insert(NPlatform::settingsKey(key), settings.value(QLatin1Char('/') + key).toString());
+        values.insert(NPlatform::settingsKey(key),
+                      NQtVariant::toString(settings.value(QLatin1Char('/') + key)));
     }
     return values;
 }

@@ -2,6 +2,7 @@
 #define TLXCORE_NUMBERREADING_H
 
 #include <core/base/Digits.h>
+#include <core/base/QtTexts.h>
 
 #include <QString>
 
@@ -33,7 +34,7 @@ inline qint64 readSigned(const QString& text, int base, bool& ok)
     if (ok) {
         return static_cast<qint64>(plain);
     }
-    const qint64 value = isBase(base) ? text.toLongLong(&ok, base) : 0;
+    const qint64 value = isBase(base) ? NQtCompat::integerText(text).toLongLong(&ok, base) : 0;
     return ok ? value : 0;
 }
 
@@ -43,7 +44,7 @@ inline quint64 readUnsigned(const QString& text, int base, bool& ok)
     quint64 value = 0;
     ok = plainDigits(text, base, value);
     if (!ok && isBase(base)) {
-        value = text.toULongLong(&ok, base);
+        value = NQtCompat::integerText(text).toULongLong(&ok, base);
     }
     return ok ? value : 0;
 }

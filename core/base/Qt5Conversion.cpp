@@ -1,5 +1,8 @@
 #include <core/base/Qt5Conversion.h>
 
+#include <core/base/FloatToInteger.h>
+#include <core/base/QtTexts.h>
+
 #include <QDateTime>
 #include <QLocale>
 
@@ -74,6 +77,18 @@ bool realNumber(const QVariant& value, double& number)
     return true;
 }
 
+// As qRound64() of Qt 5, which rounds halves up, negative ones, too.
+template <typename Float>
+qlonglong rounded(Float number)
+{
+    if (number >= 0) {
+        return floatToInteger<qlonglong>(static_cast<double>(number + Float(0.5)));
+    }
+    const qlonglong below = floatToInteger<qlonglong>(static_cast<double>(number - 1));
+    return below
+           + floatToInteger<qlonglong>(static_cast<double>(number - static_cast<Float>(below) + Float(0.5)));
+}
+
 // The 64 bits of a number that is no text.
 bool integerBits(const QVariant& value, qulonglong& bits)
 {
@@ -85,9 +100,9 @@ bool integerBits(const QVariant& value, qulonglong& bits)
     if (signedNumber(value, number)) {
         bits = static_cast<qulonglong>(number);
     } else if (value.userType() == QMetaType::Float) {
-        bits = static_cast<qulonglong>(qRound64(held<float>(value)));
+        bits = static_cast<qulonglong>(rounded(held<float>(value)));
     } else if (realNumber(value, real)) {
-        bits = static_cast<qulonglong>(qRound64(real));
+        bits = static_cast<qulonglong>(rounded(real));
     } else if (value.userType() == QMetaType::Bool) {
         bits = held<bool>(value) ? 1 : 0;
     } else if (value.userType() == QMetaType::QChar) {
@@ -115,7 +130,7 @@ bool bitsFor(const QVariant& value, bool isUnsigned, qulonglong& bits)
 {
     switch (value.userType()) {
     case QMetaType::QString:
-        return textBits(held<QString>(value), isUnsigned, bits);
+        return textBits(NQtCompat::integerText(held<QString>(value)), isUnsigned, bits);
     case QMetaType::QByteArray:
         return textBits(held<QByteArray>(value), isUnsigned, bits);
     default:
@@ -194,6 +209,7 @@ bool toCharacter(const QVariant& value, QChar& character)
     switch (value.userType()) {
     case QMetaType::Bool:
     case QMetaType::Double:
+    case QMetaType::Float:
     case QMetaType::QString:
     case QMetaType::QByteArray:
         return false;
@@ -267,6 +283,9 @@ bool toText(const QVariant& value, QString& text)
 bool canConvert(const QVariant& value, int type)
 {
     const int source = value.userType();
+    if (source == QMetaType::Float && type == QMetaType::QChar) {
+        return false;
+    }
     if (source != QMetaType::UChar && source != QMetaType::Long && source != QMetaType::ULong) {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
         return value.canConvert(QMetaType(type));

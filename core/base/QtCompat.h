@@ -31,6 +31,10 @@ public:
     TMap(const Base& other)
         : Base(other)
     {}
+    /// Takes every entry.
+    TMap(const QMap<Key, Value>& other)
+        : Base(other)
+    {}
     /// Inserts one entry after the other.
     TMap(std::initializer_list<std::pair<Key, Value>> entries)
     {

@@ -27,11 +27,12 @@ inline bool isNonDigit(QChar codeUnit)
     return !codeUnit.isDigit();
 }
 
-/// "\w": letters, numbers and marks of every script in the basic plane, and "_".
+/// "\w": letters, numbers and marks of every script in the basic plane, and "_"; those of Unicode 13, whatever Qt knows.
 inline bool isWord(QChar codeUnit)
 {
-    return codeUnit.isLetterOrNumber() || codeUnit == QLatin1Char('_')
-           || (codeUnit.unicode() > 0x7F && codeUnit.isMark());
+    const bool isMark = codeUnit.unicode() > 0x7F && codeUnit.isMark();
+    return (codeUnit.isLetterOrNumber() || codeUnit == QLatin1Char('_') || isMark)
+           && codeUnit.unicodeVersion() <= QChar::Unicode_13_0;
 }
 
 } // namespace NCharacters

@@ -1,5 +1,7 @@
 #include <core/device/CCommandLineParser.h>
 
+#include <core/base/QtTexts.h>
+
 #include <QCoreApplication>
 
 namespace {
@@ -86,44 +88,44 @@ QString CCommandLineParser::serverName() const
 
 int CCommandLineParser::currentUnit() const
 {
-    return value(QStringLiteral("cu")).toInt();
+    return NQtCompat::integerText(value(QStringLiteral("cu"))).toInt();
 }
 
 int CCommandLineParser::userLevel() const
 {
-    return value(QStringLiteral("level")).toInt();
+    return NQtCompat::integerText(value(QStringLiteral("level"))).toInt();
 }
 
 quint32 CCommandLineParser::comAddress() const
 {
-    return value(QStringLiteral("comadr")).toUInt();
+    return NQtCompat::integerText(value(QStringLiteral("comadr"))).toUInt();
 }
 
 quint32 CCommandLineParser::deviceFunction() const
 {
     // The default text is that of the two addresses below, which an unsigned number rejects: absent, it is 0.
-    return arguments.value(QStringLiteral("df"), QStringLiteral("-1")).toUInt();
+    return NQtCompat::integerText(arguments.value(QStringLiteral("df"), QStringLiteral("-1"))).toUInt();
 }
 
 int CCommandLineParser::powerAddress() const
 {
-    return arguments.value(QStringLiteral("powadr"), QStringLiteral("-1")).toInt();
+    return NQtCompat::integerText(arguments.value(QStringLiteral("powadr"), QStringLiteral("-1"))).toInt();
 }
 
 int CCommandLineParser::driveAddress() const
 {
-    return arguments.value(QStringLiteral("drvadr"), QStringLiteral("-1")).toInt();
+    return NQtCompat::integerText(arguments.value(QStringLiteral("drvadr"), QStringLiteral("-1"))).toInt();
 }
 
 quint32 CCommandLineParser::deviceClass() const
 {
-    return value(QStringLiteral("devtype")).toUInt();
+    return NQtCompat::integerText(value(QStringLiteral("devtype"))).toUInt();
 }
 
 int CCommandLineParser::port() const
 {
     const QString text = value(QStringLiteral("port"));
-    return text.toInt(nullptr, text.startsWith(QLatin1String("0x")) ? 16 : 10);
+    return NQtCompat::integerText(text).toInt(nullptr, text.startsWith(QLatin1String("0x")) ? 16 : 10);
 }
 
 QLocale CCommandLineParser::language() const

@@ -1,6 +1,7 @@
 #include <core/device/CMotorBaseName.h>
 
 #include <core/base/DebugFields.h>
+#include <core/base/QtTexts.h>
 #include <core/base/TextScanner.h>
 
 #include <QDataStream>
@@ -157,7 +158,7 @@ QString CMotorBaseName::number() const
 qint32 CMotorBaseName::numberAsI32() const
 {
     bool ok = false;
-    const qint32 number = mNumber.toInt(&ok, 10);
+    const qint32 number = NQtCompat::integerText(mNumber).toInt(&ok, 10);
     return ok ? number : -1;
 }
 

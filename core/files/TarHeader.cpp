@@ -1,5 +1,6 @@
 #include <core/files/TarHeader.h>
 
+#include <core/base/QtTexts.h>
 #include <core/files/CTarFileInfo.h>
 
 #include <QString>
@@ -31,7 +32,7 @@ qint64 octalNumber(const char* text, int length)
         }
     }
     bool ok = false;
-    const qint64 value = QString::fromLatin1(text, length).toLongLong(&ok, 8);
+    const qint64 value = NQtCompat::integerText(QString::fromLatin1(text, length)).toLongLong(&ok, 8);
     return ok ? value : -1;
 }
 

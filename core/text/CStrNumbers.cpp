@@ -1,8 +1,7 @@
 #include <core/text/CStr.h>
 
 #include <core/base/NumberReading.h>
-
-#include <QLocale>
+#include <core/base/QtLocale.h>
 
 #include <algorithm>
 #include <limits>
@@ -156,7 +155,7 @@ unsigned int CStr::strToFixPoint(const QString& s, bool* ok, unsigned int fracBi
 
 QString CStr::doubleToString(double value, int precision)
 {
-    const QLocale locale;
-    QString text = locale.toString(value, 'f', std::min(precision, MOST_DECIMALS));
-    return text.remove(locale.groupSeparator());
+    QLocale locale;
+    locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
+    return NQtLocale::number(locale, value, 'f', std::min(precision, MOST_DECIMALS));
 }

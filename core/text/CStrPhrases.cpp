@@ -1,7 +1,9 @@
 #include <core/text/CStr.h>
 
 #include <core/app/CCompanyStrings.h>
+#include <core/base/QtLocale.h>
 #include <core/base/QtReady.h>
+#include <core/base/QtTexts.h>
 #include <core/files/CPath.h>
 
 #include <QCoreApplication>
@@ -56,7 +58,7 @@ QString CStr::getVersionString(const QString& version, const QString& date, cons
 
 QString CStr::createDate(const QLocale& locale, const QString& compilerDate)
 {
-    return locale.toString(createQDateFrom__DATE__(compilerDate), QLocale::ShortFormat);
+    return NQtLocale::shortDate(locale, createQDateFrom__DATE__(compilerDate));
 }
 
 QDate CStr::createQDateFrom__DATE__(const QString& compilerDate)
@@ -140,9 +142,9 @@ bool CStr::_splitStringAtDot(QString text, int& major, int& minor)
         return false;
     }
     bool ok = false;
-    major = parts.first().toInt(&ok);
+    major = NQtCompat::integerText(parts.first()).toInt(&ok);
     if (ok && parts.size() == 2) {
-        minor = parts.at(1).toInt(&ok);
+        minor = NQtCompat::integerText(parts.at(1)).toInt(&ok);
     }
     return ok;
 }

@@ -386,10 +386,13 @@ private:
     friend TLXCORE_EXPORT NQtCompat::THash qHash(const CVariant& value, NQtCompat::THash seed);
     friend TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CVariant& value);
 
-    // In place when the payload holds a value of the same Qt type that is not shared.
+    // In place when the payload holds a value of the same Qt type that is not shared; Qt 6 would keep its null flag then.
     template <typename T>
     CVariant& set(const T& value, NTypes::ETypes type)
     {
+        if (mValue.isNull()) {
+            mValue.clear();
+        }
         mValue.setValue(value);
         mType = type;
         return *this;

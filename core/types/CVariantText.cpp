@@ -1,7 +1,9 @@
 #include <core/types/CVariant.h>
 
 #include <core/base/Digits.h>
+#include <core/base/QtLocale.h>
 #include <core/base/QtReady.h>
+#include <core/base/QtTexts.h>
 #include <core/base/QtVariant.h>
 #include <core/types/TypeTable.h>
 #include <core/types/VariantPayload.h>
@@ -73,9 +75,11 @@ Number parsedNumber(const QString& text)
     } else if constexpr (std::is_same<Number, double>::value) {
         number = text.toDouble(&ok);
     } else if constexpr (std::is_unsigned<Number>::value) {
-        number = static_cast<Number>(sizeof(Number) == 8 ? text.toULongLong(&ok, 0) : text.toUInt(&ok, 0));
+        const QString own = NQtCompat::integerText(text);
+        number = static_cast<Number>(sizeof(Number) == 8 ? own.toULongLong(&ok, 0) : own.toUInt(&ok, 0));
     } else {
-        number = static_cast<Number>(sizeof(Number) == 8 ? text.toLongLong(&ok, 0) : text.toInt(&ok, 0));
+        const QString own = NQtCompat::integerText(text);
+        number = static_cast<Number>(sizeof(Number) == 8 ? own.toLongLong(&ok, 0) : own.toInt(&ok, 0));
     }
     return ok ? number : Number(0);
 }
@@ -90,7 +94,7 @@ QByteArray latin1(const QString& text, int size)
 NTypes::tsDateTime parsedDateTime(const QString& text)
 {
     bool ok = false;
-    const int packed = text.toInt(&ok, 10);
+    const int packed = NQtCompat::integerText(text).toInt(&ok, 10);
     if (ok) {
         return NPackedDateTime::unpack(packed);
     }
@@ -150,8 +154,7 @@ QString CVariant::toLocaleStr() const
     return visitType(mType, [this](auto payload) {
         using T = typename decltype(payload)::Type;
         if constexpr (IS_FLOAT<T>) {
-            return QStringLiteral("%L1").arg(static_cast<double>(as<T>(mValue)), 0, 'g', -1,
-                                             QLatin1Char(' '));
+            return NQtLocale::number(QLocale(), static_cast<double>(as<T>(mValue)), 'g', -1);
         } else {
             return toStr();
         }

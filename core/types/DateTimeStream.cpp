@@ -1,6 +1,7 @@
 #include <core/types/DateTimeStream.h>
 
 #include <core/base/QtReady.h>
+#include <core/base/QtZones.h>
 
 #include <QDataStream>
 #include <QDateTime>
@@ -36,7 +37,7 @@ bool readZone(QDataStream& stream, QTimeZone& zone)
     QString name;
     stream >> name;
     if (name != QLatin1String("OffsetFromUtc")) {
-        zone = isZoneName(name) ? QTimeZone(name.toUtf8()) : QTimeZone();
+        zone = isZoneName(name) ? NQtCompat::systemZone(name.toUtf8()) : QTimeZone();
         return zone.isValid();
     }
     qint32 offset = 0;
@@ -48,7 +49,7 @@ bool readZone(QDataStream& stream, QTimeZone& zone)
     if (!isZoneName(name)) {
         return false;
     }
-    zone = QTimeZone(name.toUtf8());
+    zone = NQtCompat::systemZone(name.toUtf8());
     if (!zone.isValid()) {
         zone = QTimeZone(name.toUtf8(), offset, longName, abbreviation,
                          static_cast<QLocale::Country>(country), comment);

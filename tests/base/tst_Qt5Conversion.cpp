@@ -1,64 +1,13 @@
 #include <core/base/Qt5Conversion.h>
+#include <tests/base/VariantValues.h>
 
-#include <QDateTime>
 #include <QtTest>
 
 #include <cstring>
-#include <limits>
+
+using namespace NVariantValues;
 
 namespace {
-
-template <typename T>
-QVariant as(qlonglong number)
-{
-    return QVariant::fromValue(static_cast<T>(number));
-}
-
-QVariantList integers()
-{
-    QVariantList values;
-    const qlonglong numbers[] = {0,
-                                 5,
-                                 -1,
-                                 127,
-                                 128,
-                                 -128,
-                                 255,
-                                 256,
-                                 65535,
-                                 65536,
-                                 -32769,
-                                 2147483647,
-                                 2147483648,
-                                 4294967295,
-                                 16777217,
-                                 9007199254740993,
-                                 9223371761976868863,
-                                 std::numeric_limits<qlonglong>::max(),
-                                 std::numeric_limits<qlonglong>::min()};
-    for (const qlonglong number : numbers) {
-        values << as<int>(number) << as<uint>(number) << as<qlonglong>(number) << as<qulonglong>(number)
-               << as<short>(number) << as<ushort>(number) << as<char>(number) << as<signed char>(number)
-               << as<uchar>(number) << as<long>(number) << as<ulong>(number) << QVariant(number != 0)
-               << QVariant(QChar(static_cast<ushort>(number)));
-    }
-    return values;
-}
-
-QVariantList others()
-{
-    QVariantList values = {QVariant(),  QDate(),   QDate(2024, 3, 5), QTime(),
-                           QDateTime(), QString(), QByteArray(),      QByteArray("ab\0cd", 5)};
-    for (const double number : {0.0, 0.5, -0.5, 1.5, 2.5, -2.9, 300.7, 1e10, -1e10, 1e18, 0.1}) {
-        values << number << QVariant::fromValue(static_cast<float>(number));
-    }
-    for (const char* text :
-         {"", "0", "5", "-5", "70000", "-70000", "4294967296", "18446744073709551615", "1.5", "1e400", "nan",
-          " 7 ", "0x10", "abc", "+3", "true", "1,000", "\xd9\xa3"}) {
-        values << QString::fromUtf8(text) << QByteArray(text);
-    }
-    return values;
-}
 
 constexpr int TARGETS[] = {QMetaType::Int,   QMetaType::UInt,   QMetaType::LongLong, QMetaType::ULongLong,
                            QMetaType::Short, QMetaType::UShort, QMetaType::Char,     QMetaType::SChar,
@@ -112,7 +61,7 @@ void tst_Qt5Conversion::nullValues()
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 void tst_Qt5Conversion::agreesWithQt()
 {
-    for (const QVariant& value : integers() + others()) {
+    for (const QVariant& value : integers() + longs() + others()) {
         QCOMPARE(NQt5Conversion::isNull(value), value.isNull());
         for (const int target : TARGETS) {
             const QByteArray name = QByteArray(value.typeName()) + " to " + QMetaType::typeName(target);

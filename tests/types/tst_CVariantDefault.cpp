@@ -73,7 +73,9 @@ void tst_CVariantDefault::payload()
     const QVariant value = CVariant().defaultValue(type);
     QVERIFY(samePayload(value, expected));
     QVERIFY(value.isValid());
-    QCOMPARE(value.isNull(), type == NTypes::TYPE_UTF16CHAR);
+    // Qt 6 does not call QChar(0) null; the variant does with both.
+    QCOMPARE(value.isNull(), type == NTypes::TYPE_UTF16CHAR && QT_VERSION < QT_VERSION_CHECK(6, 0, 0));
+    QCOMPARE(CVariant(type).isNull(), type == NTypes::TYPE_UTF16CHAR);
 }
 
 void tst_CVariantDefault::none_data()

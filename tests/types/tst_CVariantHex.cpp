@@ -96,15 +96,15 @@ void tst_CVariantHex::numbersAsQtFormatsThem()
     const auto i32 = static_cast<int>(number);
     const auto u32 = static_cast<uint>(number);
 
-    QCOMPARE(CVariant(u8).toHex(none), formatted(qlonglong(u8), 2).right(2));
-    QCOMPARE(CVariant(i8).toHex(none), formatted(qlonglong(i8), 2).right(2));
+    QCOMPARE(CVariant(u8).toHex(none), formatted(qulonglong(u8), 2).right(2));
+    QCOMPARE(CVariant(i8).toHex(none), formatted(qulonglong(i8), 2).right(2));
     QCOMPARE(CVariant(u16).toHex(none), formatted(qulonglong(u16), 4).right(4));
-    QCOMPARE(CVariant(i16).toHex(none), formatted(qlonglong(i16), 4).right(4));
+    QCOMPARE(CVariant(i16).toHex(none), formatted(qulonglong(i16), 4).right(4));
     QCOMPARE(CVariant(u32).toHex(none), formatted(qulonglong(u32), 8));
-    QCOMPARE(CVariant(i32).toHex(none), formatted(qlonglong(i32), 8));
+    QCOMPARE(CVariant(i32).toHex(none), formatted(qulonglong(i32), 8));
     QCOMPARE(CVariant(static_cast<qulonglong>(number)).toHex(none),
              formatted(static_cast<qulonglong>(number), 16));
-    QCOMPARE(CVariant(number).toHex(none), formatted(number, 16));
+    QCOMPARE(CVariant(number).toHex(none), formatted(static_cast<qulonglong>(number), 16));
 }
 
 void tst_CVariantHex::texts_data()

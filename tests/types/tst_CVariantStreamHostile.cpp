@@ -1,3 +1,4 @@
+#include <core/base/QtStreams.h>
 #include <core/tlxCoreQTest.h>
 #include <tests/support/MessageLog.h>
 #include <tests/support/StreamBytes.h>
@@ -167,8 +168,7 @@ void tst_CVariantStreamHostile::userTypeNames()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(int, status);
-    qRegisterMetaType<SForeign>("SForeign");
-    qRegisterMetaTypeStreamOperators<SForeign>("SForeign");
+    NQtCompat::registerWithStream<SForeign>();
     const MessageLog log;
     CVariant read(5);
 
@@ -183,8 +183,7 @@ void tst_CVariantStreamHostile::userTypeNames()
 
 void tst_CVariantStreamHostile::foreignTypeIsNotRead()
 {
-    qRegisterMetaType<SForeign>("SForeign");
-    qRegisterMetaTypeStreamOperators<SForeign>("SForeign");
+    NQtCompat::registerWithStream<SForeign>();
     const QByteArray bytes = streamed(QVariant::fromValue(SForeign())) + streamed(qint32(6));
     QVariant control;
     QCOMPARE(unstreamed(bytes, control), QDataStream::Ok);

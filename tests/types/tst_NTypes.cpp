@@ -66,16 +66,21 @@ void tst_NTypes::metaTypes_data()
     QTest::addColumn<int>("size");
     QTest::addColumn<int>("flags");
     QTest::addColumn<int>("number");
-    const int text =
-        QMetaType::NeedsConstruction | QMetaType::NeedsDestruction | QMetaType::WasDeclaredAsMetaType;
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    const int declared = QMetaType::WasDeclaredAsMetaType;
+    const int movable = QMetaType::MovableType;
+#else
+    const int declared = 0; // no flag of Qt 6
+    const int movable = QMetaType::RelocatableType;
+#endif
+    const int text = QMetaType::NeedsConstruction | QMetaType::NeedsDestruction | declared;
     QTest::newRow("CString32") << QByteArray("CString32") << int(2 * sizeof(void*)) << text
                                << CVariant(CString32()).operator QVariant().userType();
     QTest::newRow("CString64") << QByteArray("CString64") << int(2 * sizeof(void*)) << text
                                << CVariant().defaultValue(NTypes::TYPE_STRING64).userType();
     QTest::newRow("CString128") << QByteArray("CString128") << int(2 * sizeof(void*)) << text
                                 << qMetaTypeId<CString128>();
-    QTest::newRow("tsDateTime") << QByteArray("NTypes::tsDateTime") << 8
-                                << int(QMetaType::MovableType | QMetaType::WasDeclaredAsMetaType)
+    QTest::newRow("tsDateTime") << QByteArray("NTypes::tsDateTime") << 8 << (movable | declared)
                                 << CVariant(SAMPLE).operator QVariant().userType();
 }
 
