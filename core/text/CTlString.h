@@ -140,7 +140,8 @@ public:
      * - Binary: normalised likewise; always multiplied as a double.
      *
      * Then the pre-shift is undone, and the result is truncated to the type: "ff" is -1 as an 8-bit signed number.
-     * Products are truncated toward zero; one out of the range of a signed 64-bit number becomes the bits of -2^63.
+     * Products are truncated toward zero. Beyond a signed 64-bit number, for toU64() also beyond an unsigned one, they are
+     * the bits of -2^63.
      *
      * @param s The text.
      * @param format A SFormatValue or its packed form.
