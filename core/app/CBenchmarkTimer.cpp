@@ -4,21 +4,6 @@
 #include <core/base/SharedDouble.h>
 #include <core/base/Ticks.h>
 
-namespace {
-
-constexpr unsigned long CALIBRATION_MS = 100;
-constexpr double CALIBRATION_US = 100000.0;
-
-double calibrated()
-{
-    CBenchmarkTimer timer;
-    timer.start();
-    CPublicWait::msleep(CALIBRATION_MS);
-    return timer.elapsed() / CALIBRATION_US;
-}
-
-} // namespace
-
 double CBenchmarkTimer::mTicksPerUs = -1.0;
 
 void CBenchmarkTimer::start()
@@ -33,9 +18,13 @@ double CBenchmarkTimer::elapsed() const
 
 double CBenchmarkTimer::ticksPerUs()
 {
+    constexpr unsigned long CALIBRATION_MS = 100;
     double ticks = NSharedDouble::load(mTicksPerUs);
     if (ticks < 0.0) {
-        ticks = calibrated();
+        CBenchmarkTimer timer;
+        timer.start();
+        CPublicWait::msleep(CALIBRATION_MS);
+        ticks = timer.elapsed() / (CALIBRATION_MS * 1000.0);
         NSharedDouble::store(mTicksPerUs, ticks);
     }
     return ticks;

@@ -4,16 +4,7 @@
 
 #include <QCoreApplication>
 
-namespace {
-
-const QLatin1String LANGUAGE("lang");
-
-bool isOption(const QString& argument)
-{
-    return argument.startsWith(QLatin1Char('-'));
-}
-
-} // namespace
+static const QLatin1String LANGUAGE("lang");
 
 CCommandLineParser::CCommandLineParser()
     : arguments(argumentsMap())
@@ -63,7 +54,7 @@ QMap<QString, QString> CCommandLineParser::argumentsMap(const QString& option)
             continue;
         }
         QString words;
-        for (; i < list.size() && !isOption(list.at(i)); ++i) {
+        for (; i < list.size() && !list.at(i).startsWith(QLatin1Char('-')); ++i) {
             words += list.at(i) + QLatin1Char(' ');
         }
         map.insert(key, words.trimmed());

@@ -51,11 +51,6 @@ bool storeNumber(unsigned short& field, int number)
     return true;
 }
 
-QString numberText(unsigned short number)
-{
-    return number == NOT_SET ? QString() : QStringLiteral("%1").arg(number, DIGITS, 10, QLatin1Char('0'));
-}
-
 } // namespace
 
 CDeviceHardwareId::CDeviceHardwareId(const QString& text)
@@ -84,36 +79,6 @@ QRegExp CDeviceHardwareId::shortRegExp()
 QRegExp CDeviceHardwareId::fullRegExp()
 {
     return expression("^((\\D?\\d{%1}_\\d{%1}_\\d{%1}){1})(_{1}\\w+)?$");
-}
-
-bool CDeviceHardwareId::setPlatform(const QString& text)
-{
-    return storeNumber(mPlatform, numberOf(text));
-}
-
-bool CDeviceHardwareId::setVersion(const QString& text)
-{
-    return storeNumber(mVersion, numberOf(text));
-}
-
-bool CDeviceHardwareId::setRevision(const QString& text)
-{
-    return storeNumber(mRevision, numberOf(text));
-}
-
-QString CDeviceHardwareId::platformStr() const
-{
-    return numberText(mPlatform);
-}
-
-QString CDeviceHardwareId::versionStr() const
-{
-    return numberText(mVersion);
-}
-
-QString CDeviceHardwareId::revisionStr() const
-{
-    return numberText(mRevision);
 }
 
 bool CDeviceHardwareId::checkIVR(const QString& text) const
@@ -154,6 +119,16 @@ bool CDeviceHardwareId::isOfForm(const QString& text, int count)
     }
     return scanner.atEnd()
            || (scanner.takeOne('_') && scanner.take(NCharacters::isWord) > 0 && scanner.atEnd());
+}
+
+bool CDeviceHardwareId::setNumber(unsigned short& field, const QString& text)
+{
+    return storeNumber(field, numberOf(text));
+}
+
+QString CDeviceHardwareId::numberText(unsigned short number)
+{
+    return number == NOT_SET ? QString() : QStringLiteral("%1").arg(number, DIGITS, 10, QLatin1Char('0'));
 }
 
 bool CDeviceHardwareId::parse(QStringView text)

@@ -91,11 +91,11 @@ public:
     void setRevision(unsigned short revision) { mRevision = revision; }
 
     /// Sets the number from one to three decimal digits. Returns false and changes nothing for any other text.
-    bool setPlatform(const QString& text);
+    bool setPlatform(const QString& text) { return setNumber(mPlatform, text); }
     /// As setPlatform().
-    bool setVersion(const QString& text);
+    bool setVersion(const QString& text) { return setNumber(mVersion, text); }
     /// As setPlatform().
-    bool setRevision(const QString& text);
+    bool setRevision(const QString& text) { return setNumber(mRevision, text); }
 
     /// Returns the number, or 65535 if it is not set.
     unsigned short platform() const { return mPlatform; }
@@ -105,11 +105,11 @@ public:
     unsigned short revision() const { return mRevision; }
 
     /// Returns the number in decimal, padded with "0" to three digits; empty if it is not set.
-    QString platformStr() const;
+    QString platformStr() const { return numberText(mPlatform); }
     /// As platformStr().
-    QString versionStr() const;
+    QString versionStr() const { return numberText(mVersion); }
     /// As platformStr().
-    QString revisionStr() const;
+    QString revisionStr() const { return numberText(mRevision); }
 
     /// Sets the name, unchecked.
     void setName(const QString& name) { mName = name; }
@@ -164,6 +164,8 @@ private:
     friend TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDeviceHardwareId& id);
 
     static bool isOfForm(const QString& text, int count);
+    static bool setNumber(unsigned short& field, const QString& text);
+    static QString numberText(unsigned short number);
     bool parse(QStringView text);
     int numbers() const;
     QString form(int count) const;

@@ -7,8 +7,6 @@
 #include <QDebug>
 #include <QHash>
 
-#include <utility>
-
 CDeviceList::CDeviceList(const QString& listName, ESourceType type)
     : name(listName)
     , sourceType(type)

@@ -63,24 +63,6 @@ private:
 
 CIPv6Address::~CIPv6Address() = default;
 
-CIPv6Address& CIPv6Address::operator=(const QByteArray& bytes)
-{
-    setAddress(bytes);
-    return *this;
-}
-
-CIPv6Address& CIPv6Address::operator=(const QVariant& variant)
-{
-    setAddress(variant);
-    return *this;
-}
-
-CIPv6Address& CIPv6Address::operator=(const QString& text)
-{
-    setAddress(text);
-    return *this;
-}
-
 void CIPv6Address::setAddress(const QByteArray& bytes)
 {
     if (bytes.size() == static_cast<int>(mBytes.size())) {

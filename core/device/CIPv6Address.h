@@ -60,11 +60,11 @@ public:
     CIPv6Address& operator=(CIPv6Address&&) = default;
 
     /// Calls setAddress() with the same argument.
-    CIPv6Address& operator=(const QByteArray& bytes);
+    CIPv6Address& operator=(const QByteArray& bytes) { return assign(bytes); }
     /// Calls setAddress() with the same argument.
-    CIPv6Address& operator=(const QVariant& variant);
+    CIPv6Address& operator=(const QVariant& variant) { return assign(variant); }
     /// Calls setAddress() with the same argument.
-    CIPv6Address& operator=(const QString& text);
+    CIPv6Address& operator=(const QString& text) { return assign(text); }
 
     /// Copies exactly 16 bytes; an array of another size changes nothing.
     void setAddress(const QByteArray& bytes);
@@ -110,6 +110,13 @@ public:
     bool operator!=(const CIPv6Address& other) const { return !(*this == other); }
 
 private:
+    template <typename Source>
+    CIPv6Address& assign(const Source& source)
+    {
+        setAddress(source);
+        return *this;
+    }
+
     std::array<unsigned char, 16> mBytes{};
 };
 

@@ -117,10 +117,8 @@ QString CMotorBaseName::defaultMotorBaseName()
 QRegExp CMotorBaseName::fullRegExp(bool numeric)
 {
     const QString part = QStringLiteral("[0-9a-zA-Z\\-&\\+]+");
-    const QString pattern = numeric
-                                ? QStringLiteral("^(%1_){1}(%1_){1}(%2)+$").arg(part, QStringLiteral("[0-9]"))
-                                : QStringLiteral("^(%1_){1}(%1_){1}(%1)+$").arg(part);
-    return QRegExp(pattern, Qt::CaseInsensitive);
+    const QString number = numeric ? QStringLiteral("[0-9]") : part;
+    return QRegExp(QStringLiteral("^(%1_){1}(%1_){1}(%2)+$").arg(part, number), Qt::CaseInsensitive);
 }
 
 bool CMotorBaseName::isValid(const QString& fileName, bool numeric)
@@ -171,11 +169,6 @@ QString CMotorBaseName::fileBaseName() const
 bool CMotorBaseName::isValid() const
 {
     return isFullName(fileBaseName(), mNumericNumber);
-}
-
-bool CMotorBaseName::isEmpty() const
-{
-    return mManufacturer.isEmpty() && mName.isEmpty() && mNumber.isEmpty();
 }
 
 void CMotorBaseName::clear()

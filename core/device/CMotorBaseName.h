@@ -97,7 +97,7 @@ public:
     /// Returns true if fullRegExp() with this object's flag matches fileBaseName().
     bool isValid() const;
     /// Returns true if all three parts are empty.
-    bool isEmpty() const;
+    bool isEmpty() const { return mManufacturer.isEmpty() && mName.isEmpty() && mNumber.isEmpty(); }
     /// The same as isEmpty().
     bool isNull() const { return isEmpty(); }
 

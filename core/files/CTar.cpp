@@ -125,7 +125,6 @@ bool CTar::open(const QString& fileName)
     if (!mFile.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         return fail(mFile.errorString());
     }
-    mFileSize = mFile.size();
     return true;
 }
 
@@ -165,10 +164,7 @@ bool CTar::readHeader(TarReadAhead& blocks, qint64& pos, bool& end)
 bool CTar::readData(qint64 start, qint64 size, QByteArray& data)
 {
     const bool fits = size <= BYTE_ARRAY_MAX;
-    if (mFileSize - start < size) {
-        mFileSize = mFile.size(); // it may have grown
-    }
-    qint64 count = qBound<qint64>(0, mFileSize - start, size);
+    qint64 count = qBound<qint64>(0, mFile.size() - start, size);
     QByteArray bytes;
     if (fits) {
         bytes.resize(static_cast<int>(count));

@@ -109,7 +109,6 @@ private:
 
     QString mError;
     QFile mFile;
-    qint64 mFileSize = 0; ///< As the file system had it when last asked.
     std::unique_ptr<TarIndex> mIndex;
 };
 

@@ -5,11 +5,6 @@
 #include <QDebug>
 #include <QHash>
 
-void CTarFileInfo::clear()
-{
-    *this = CTarFileInfo();
-}
-
 bool operator==(const CTarFileInfo& left, const CTarFileInfo& right)
 {
     return left.mType == right.mType && left.mName == right.mName && left.mLinkName == right.mLinkName

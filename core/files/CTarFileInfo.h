@@ -41,7 +41,7 @@ public:
     CTarFileInfo() = default;
 
     /// Sets the kind to TYPE_INVALID, both texts to empty and both numbers to 0.
-    void clear();
+    void clear() { *this = CTarFileInfo(); }
 
     /// Returns true if the kind is not TYPE_INVALID.
     bool isValid() const { return mType != TYPE_INVALID; }
