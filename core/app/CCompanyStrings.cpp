@@ -65,55 +65,49 @@ struct Q_DECL_HIDDEN CCompanyStrings::SSettings
     constexpr SSettings() = default;
     ~SSettings() { delete kept.exchange(nullptr); }
 
-    QString value(const QString& key);
-    QString productValue(int n, QLatin1String key);
+    QString value(const QString& key)
+    {
+        const Values& all = values();
+        if (key.isEmpty()) {
+            qWarning("QSettings::value: Empty key passed"); // in Qt's words
+            return QString();
+        }
+        return all.value(normalized(key));
+    }
 
-    const Values& values();
-    Values read() const;
+    QString productValue(int n, QLatin1String key)
+    {
+        return value(productSection(n) + QLatin1Char('/') + key);
+    }
+
+    const Values& values()
+    {
+        const Values* values = kept.load(std::memory_order_acquire);
+        if (!values) {
+            auto own = std::make_unique<const Values>(read());
+            if (kept.compare_exchange_strong(values, own.get(), std::memory_order_acq_rel)) {
+                values = own.release();
+            }
+        }
+        return *values;
+    }
+
+    Values read() const
+    {
+        const QString installed = CPath::constConfigPath(true) + QLatin1String(fileName);
+        if (QFile::exists(installed)) {
+            QTemporaryFile copy(QDir::tempPath() + QLatin1String("/Setup-XXXXXX.Ini"));
+            return readAll(privateCopy(installed, copy));
+        }
+        registerResource();
+        return readAll(QLatin1String(":/tlxCore/data/") + QLatin1String(fileName));
+    }
 
     const char* fileName = "Setup.Ini";
     std::atomic<const Values*> kept{nullptr};
 };
 
 CCompanyStrings::SSettings CCompanyStrings::mSettings;
-
-QString CCompanyStrings::SSettings::value(const QString& key)
-{
-    const Values& all = values();
-    if (key.isEmpty()) {
-        qWarning("QSettings::value: Empty key passed"); // in Qt's words
-        return QString();
-    }
-    return all.value(normalized(key));
-}
-
-QString CCompanyStrings::SSettings::productValue(int n, QLatin1String key)
-{
-    return value(productSection(n) + QLatin1Char('/') + key);
-}
-
-const Values& CCompanyStrings::SSettings::values()
-{
-    const Values* values = kept.load(std::memory_order_acquire);
-    if (!values) {
-        auto own = std::make_unique<const Values>(read());
-        if (kept.compare_exchange_strong(values, own.get(), std::memory_order_acq_rel)) {
-            values = own.release();
-        }
-    }
-    return *values;
-}
-
-Values CCompanyStrings::SSettings::read() const
-{
-    const QString installed = CPath::constConfigPath(true) + QLatin1String(fileName);
-    if (QFile::exists(installed)) {
-        QTemporaryFile copy(QDir::tempPath() + QLatin1String("/Setup-XXXXXX.Ini"));
-        return readAll(privateCopy(installed, copy));
-    }
-    registerResource();
-    return readAll(QLatin1String(":/tlxCore/data/") + QLatin1String(fileName));
-}
 
 // A function for each key: of the company, of its image files, and of a product.
 #define TLX_COMPANY_VALUE(function, key)                                                                     \

@@ -47,8 +47,13 @@ bool CTar::loadFile(const QString& fileName)
 {
     mFile.close();
     mIndex = std::make_unique<TarIndex>();
-    if (!open(fileName)) {
-        return false;
+    mFile.setFileName(fileName);
+    // Qt opens a pipe as well, and waits there until somebody writes; a directory it refuses with a text of its own.
+    if (!isRegularOrMissing(fileName)) {
+        return fail(QCoreApplication::translate("CTar", "ERROR : This is not a regular file !"));
+    }
+    if (!mFile.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        return fail(mFile.errorString());
     }
     TarReadAhead blocks(mFile);
     qint64 pos = 0;
@@ -113,19 +118,6 @@ bool CTar::readFileHeader(qint64& pos, bool& end)
     }
     TarReadAhead blocks(mFile);
     return readHeader(blocks, pos, end);
-}
-
-// Qt opens a pipe as well, and waits there until somebody writes; a directory it refuses with a text of its own.
-bool CTar::open(const QString& fileName)
-{
-    mFile.setFileName(fileName);
-    if (!isRegularOrMissing(fileName)) {
-        return fail(QCoreApplication::translate("CTar", "ERROR : This is not a regular file !"));
-    }
-    if (!mFile.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        return fail(mFile.errorString());
-    }
-    return true;
 }
 
 bool CTar::readHeader(TarReadAhead& blocks, qint64& pos, bool& end)

@@ -101,7 +101,6 @@ public:
 private:
     Q_DISABLE_COPY(CTar)
 
-    bool open(const QString& fileName);
     bool readHeader(TarReadAhead& blocks, qint64& pos, bool& end);
     bool readData(qint64 start, qint64 size, QByteArray& data);
     bool isMember(int index) const;

@@ -7,32 +7,23 @@
 
 #include <algorithm>
 #include <cstring>
+#include <numeric>
 
 namespace {
 
-constexpr char MAGIC_TEXT[] = {'u', 's', 't', 'a', 'r'};
 constexpr int OCTAL_DIGITS_MAX = 20; // 60 bits: what always fits
 
-bool isOctalDigit(char byte)
-{
-    return byte >= '0' && byte <= '7';
-}
-
 // Negative when the text does not convert. Plain digits take a shorter road than Qt's conversion, to the same number.
-qint64 octalNumber(const char* text, int length)
+qint64 octalNumber(QLatin1String text)
 {
-    if (length > 0 && length <= OCTAL_DIGITS_MAX) {
-        qint64 value = 0;
-        int i = 0;
-        for (; i < length && isOctalDigit(text[i]); ++i) {
-            value = value * 8 + (text[i] - '0');
-        }
-        if (i == length) {
-            return value;
-        }
+    const auto isDigit = [](char byte) { return byte >= '0' && byte <= '7'; };
+    const auto append = [](qint64 value, char digit) { return value * 8 + (digit - '0'); };
+    if (!text.isEmpty() && text.size() <= OCTAL_DIGITS_MAX
+        && std::all_of(text.begin(), text.end(), isDigit)) {
+        return std::accumulate(text.begin(), text.end(), Q_INT64_C(0), append);
     }
     bool ok = false;
-    const qint64 value = NQtCompat::integerText(QString::fromLatin1(text, length)).toLongLong(&ok, 8);
+    const qint64 value = NQtCompat::integerText(text).toLongLong(&ok, 8);
     return ok ? value : -1;
 }
 
@@ -45,8 +36,7 @@ bool TarHeader::isZero() const
 
 bool TarHeader::hasMagic() const
 {
-    static_assert(sizeof(MAGIC_TEXT) < MAGIC.width, "one byte follows the compared ones");
-    return std::memcmp(mBlock + MAGIC.offset, MAGIC_TEXT, sizeof(MAGIC_TEXT)) == 0;
+    return std::memcmp(mBlock + MAGIC.offset, "ustar", 5) == 0;
 }
 
 qint32 TarHeader::type() const
@@ -68,22 +58,15 @@ qint32 TarHeader::type() const
 // number end as well: bsdtar fills the field up with it, and the time follows at once.
 qint64 TarHeader::size() const
 {
-    const int length = textLength(SIZE);
-    const qint64 value = octalNumber(mBlock + SIZE.offset, length);
-    const bool endsWithBlank = length >= SIZE.width && mBlock[SIZE.offset + SIZE.width - 1] == ' ';
-    return value < 0 && endsWithBlank ? octalNumber(mBlock + SIZE.offset, SIZE.width) : value;
+    const QLatin1String digits = text(SIZE);
+    const qint64 value = octalNumber(digits);
+    const bool endsWithBlank = digits.size() >= SIZE.width && digits.data()[SIZE.width - 1] == ' ';
+    return value < 0 && endsWithBlank ? octalNumber(QLatin1String(digits.data(), SIZE.width)) : value;
 }
 
 // A text ends at its first zero byte, not with its field: callers know names of 100 characters with the mode behind.
-int TarHeader::textLength(const SField& field) const
-{
-    const int rest = BLOCK_SIZE - field.offset;
-    const char* begin = mBlock + field.offset;
-    const void* zero = std::memchr(begin, '\0', static_cast<std::size_t>(rest));
-    return zero ? static_cast<int>(static_cast<const char*>(zero) - begin) : rest;
-}
-
 QLatin1String TarHeader::text(const SField& field) const
 {
-    return QLatin1String(mBlock + field.offset, textLength(field));
+    const char* begin = mBlock + field.offset;
+    return QLatin1String(begin, std::find(begin, mBlock + BLOCK_SIZE, '\0'));
 }

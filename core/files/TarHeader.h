@@ -47,7 +47,6 @@ private:
     static constexpr SField MAGIC{257, 6};
     static_assert(MAGIC.offset + MAGIC.width <= BLOCK_SIZE, "fields lie within the block");
 
-    int textLength(const SField& field) const;
     QLatin1String text(const SField& field) const;
 
     const char* mBlock;

@@ -3,8 +3,6 @@
 #include <core/files/Platform.h>
 #include <core/files/TarHeader.h>
 
-#include <QFile>
-
 #include <algorithm>
 
 namespace {
@@ -24,8 +22,8 @@ qint64 TarReadAhead::read(qint64 pos)
     const bool isBuffered = pos >= mStart && pos - mStart <= mFilled - BLOCK;
     if (!isBuffered) {
         const bool isNear = mLastPos >= 0 && pos - mLastPos <= NEAR;
-        // Not more than the file holds; some file systems do not know how large a file is.
-        const qint64 wanted = isNear ? qBound(NEAR, mFile.size() - pos, READ_AHEAD) : BLOCK;
+        // Twice as much as before, so that a small archive costs no large buffer.
+        const qint64 wanted = isNear ? qBound(NEAR, 2 * mFilled, READ_AHEAD) : BLOCK;
         mBuffer.resize(std::max(mBuffer.size(), static_cast<std::size_t>(wanted)));
         mStart = pos;
         mFilled = NPlatform::readAt(mFile, pos, mBuffer.data(), wanted);
