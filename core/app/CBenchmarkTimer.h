@@ -36,7 +36,7 @@ public:
     double elapsed() const;
 
     /// Returns the unit of elapsed(), "CPU Ticks" on every processor.
-    QString unit() const { return QStringLiteral("CPU Ticks"); }
+    QString unit() const { return QLatin1String("CPU Ticks"); }
 
     /// Returns the ticks per microsecond. The first call measures them, which takes 100 ms; later ones return what it
     /// found. Threads that call it meanwhile measure, too; the last result is kept.

@@ -62,21 +62,6 @@ QMap<QString, QString> CCommandLineParser::argumentsMap(const QString& option)
     return map;
 }
 
-QString CCommandLineParser::abAddress() const
-{
-    return value(QStringLiteral("abadr"));
-}
-
-QString CCommandLineParser::ip() const
-{
-    return value(QStringLiteral("ip"));
-}
-
-QString CCommandLineParser::serverName() const
-{
-    return value(QStringLiteral("server"));
-}
-
 int CCommandLineParser::currentUnit() const
 {
     return NQtCompat::integerText(value(QStringLiteral("cu"))).toInt();

@@ -69,13 +69,13 @@ public:
     QString value(const QString& key) const { return arguments.value(key); }
 
     /// Returns "abadr", the bus address: any text, empty if absent.
-    QString abAddress() const;
+    QString abAddress() const { return value(QLatin1String("abadr")); }
 
     /// Returns "ip", a network address: any text, empty if absent.
-    QString ip() const;
+    QString ip() const { return value(QLatin1String("ip")); }
 
     /// Returns "server", the server's name; empty if absent.
-    QString serverName() const;
+    QString serverName() const { return value(QLatin1String("server")); }
 
     /// Returns "cu", the number of the current unit.
     int currentUnit() const;

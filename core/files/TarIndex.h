@@ -11,8 +11,8 @@
 
 #include <algorithm>
 #include <array>
+#include <deque>
 #include <string>
-#include <vector>
 
 /**
  * A hash of member names under random keys, so that nobody can choose names that crowd: Qt's text hash has collisions that
@@ -80,7 +80,7 @@ private:
     const SMember& member(int index) const { return mMembers[static_cast<std::size_t>(index)]; }
     int indexOf(const QString& name, uint hash) const;
 
-    std::vector<SMember> mMembers;
+    std::deque<SMember> mMembers;
     std::string mTexts;
     QStringList mNames; ///< Of the first members, as far as names were asked for.
     TarNameHash mHash;
