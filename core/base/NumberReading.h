@@ -12,6 +12,16 @@
  */
 namespace NNumberReading {
 
+/// The value, or 0 on failure; `ok`, if not null, receives whether it is one.
+template <typename T>
+T answer(bool* ok, bool good, T value)
+{
+    if (ok) {
+        *ok = good;
+    }
+    return good ? value : T();
+}
+
 /// Whether `text` is nothing but ASCII digits of base 2, 10 or 16, so few that the number is below 2^63.
 inline bool plainDigits(const QString& text, int base, quint64& value)
 {

@@ -7,28 +7,15 @@
 #include <QByteArray>
 #include <QDataStream>
 #include <QDebug>
+#include <QHash>
 #include <QSharedData>
 #include <QSharedDataPointer>
 #include <QString>
+#include <QtEndian>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
-
-/// @cond INTERNAL
-namespace NFixedString {
-
-/// The text of `units` UTF-16 units up to the first zero unit; byte-order marks are ordinary units.
-TLXCORE_EXPORT QString text(const unsigned short* data, int units);
-
-/// Writes and reads the units as signed 16-bit integers in the stream's byte order.
-TLXCORE_EXPORT void write(QDataStream& stream, const unsigned short* data, int units);
-TLXCORE_EXPORT void read(QDataStream& stream, unsigned short* data, int units);
-
-TLXCORE_EXPORT NQtCompat::THash hash(const unsigned short* data, int units, NQtCompat::THash seed);
-TLXCORE_EXPORT void show(QDebug& debug, const char* name, const unsigned short* data, int units);
-
-} // namespace NFixedString
-/// @endcond
 
 /**
  * @brief What CString32, CString64 and CString128 have in common: a text of exactly N UTF-16 code units.
@@ -47,7 +34,7 @@ template <typename Derived, int N>
 class CFixedString
 {
 public:
-    /// The units as a C array.
+    /// The code units as a C array.
     typedef unsigned short TArray[static_cast<std::size_t>(N)];
 
     /// Constructs an empty text, all units zero.
@@ -68,7 +55,7 @@ public:
         : CFixedString()
     {
         const int size = bytes.size() < BYTES ? static_cast<int>(bytes.size()) : BYTES;
-        std::memcpy(mBlock->units, bytes.constData(), static_cast<std::size_t>(size));
+        std::memcpy(mBlock->codeUnits, bytes.constData(), static_cast<std::size_t>(size));
     }
 
     /// Takes all N units.
@@ -85,54 +72,80 @@ public:
     virtual ~CFixedString() = default;
 
     /// Returns true if the text is not empty, that is, if the first unit is not zero.
-    bool isValid() const { return units()[0] != 0; }
+    bool isValid() const { return codeUnits()[0] != 0; }
 
-    /// Returns the text up to the first zero unit, or all N units.
-    QString str() const { return NFixedString::text(units(), N); }
+    /// Returns the text up to the first zero unit, or all N units. Byte-order marks are ordinary units.
+    QString str() const
+    {
+        const QChar* const begin = reinterpret_cast<const QChar*>(codeUnits());
+        return QString(begin, static_cast<int>(std::find(begin, begin + N, QChar(0)) - begin));
+    }
 
     /// Returns all N units as they are in memory: 2N bytes, with the terminator and the units after it.
-    QByteArray byteArray() const { return QByteArray(reinterpret_cast<const char*>(units()), BYTES); }
+    QByteArray byteArray() const { return QByteArray(reinterpret_cast<const char*>(codeUnits()), BYTES); }
 
     /// Returns true if all N units are equal, those after the terminator included.
     bool operator==(const CFixedString& other) const
     {
         // Looks at the result once, so that the time does not depend on where two texts differ.
-        const unsigned short* const left = units();
-        const unsigned short* const right = other.units();
+        const unsigned short* const left = codeUnits();
+        const unsigned short* const right = other.codeUnits();
         unsigned short difference = 0;
         for (int i = 0; i < N; ++i) {
             difference = static_cast<unsigned short>(difference | (left[i] ^ right[i]));
         }
         return difference == 0;
     }
-
     /// The negation of operator==.
     bool operator!=(const CFixedString& other) const { return !(*this == other); }
 
     /// Writes the N units in the stream's byte order: 2N bytes, no length, no terminator.
     friend QDataStream& operator<<(QDataStream& stream, const Derived& value)
     {
-        NFixedString::write(stream, value.units(), N);
+        TArray ordered;
+        if (stream.byteOrder() == QDataStream::BigEndian) {
+            qToBigEndian<quint16>(value.codeUnits(), N, ordered);
+        } else {
+            qToLittleEndian<quint16>(value.codeUnits(), N, ordered);
+        }
+        stream.writeRawData(reinterpret_cast<const char*>(ordered), BYTES);
         return stream;
     }
 
     /// Reads N units. Units missing from a truncated stream are zero; check the stream's status.
     friend QDataStream& operator>>(QDataStream& stream, Derived& value)
     {
-        NFixedString::read(stream, value.mBlock->units, N);
+        TArray ordered;
+        const int count = stream.readRawData(reinterpret_cast<char*>(ordered), BYTES);
+        std::fill(ordered + std::max(count, 0) / 2, ordered + N, quint16(0));
+        if (stream.byteOrder() == QDataStream::BigEndian) {
+            qFromBigEndian<quint16>(ordered, N, value.mBlock->codeUnits);
+        } else {
+            qFromLittleEndian<quint16>(ordered, N, value.mBlock->codeUnits);
+        }
         return stream;
     }
 
     /// Hash of all N units.
-    friend NQtCompat::THash qHash(const Derived& value, NQtCompat::THash seed = 0)
+    friend NQtCompat::THash qHash(const Derived& value, NQtCompat::THash seed = 0) noexcept
     {
-        return NFixedString::hash(value.units(), N, seed);
+        return qHashBits(value.codeUnits(), sizeof(TArray), seed);
     }
 
     /// Shows the class, the text, and the units after the terminator unless all are zero.
     friend QDebug operator<<(QDebug debug, const Derived& value)
     {
-        NFixedString::show(debug, Derived::className(), value.units(), N);
+        const QDebugStateSaver saver(debug);
+        const QString shown = value.str();
+        QString rest = QString(reinterpret_cast<const QChar*>(value.codeUnits()), N).mid(shown.size() + 1);
+        while (rest.endsWith(QChar(0))) {
+            rest.chop(1);
+        }
+        debug.nospace() << Derived::className() << '(' << shown;
+        if (!rest.isEmpty()) {
+            debug << ", after the terminator " << rest;
+        }
+        debug << ')';
         return debug;
     }
 
@@ -150,38 +163,44 @@ protected:
         const int length = text.size() < N ? static_cast<int>(text.size()) : N;
         SBlock* const block = mBlock.data();
         Q_ASSUME(block != nullptr);
-        unsigned short* const target = block->units;
-        std::memcpy(target, text.constData(), static_cast<std::size_t>(length) * sizeof(QChar));
+        std::memcpy(block->codeUnits, text.constData(), static_cast<std::size_t>(length) * sizeof(QChar));
         if (length < N) {
-            target[length] = 0;
+            block->codeUnits[length] = 0;
         }
     }
 
     /// Writes all units.
-    void assign(const TArray& units) { std::memcpy(mBlock->units, units, sizeof(TArray)); }
+    void assign(const TArray& units) { std::memcpy(mBlock->codeUnits, units, sizeof(TArray)); }
+
+    /// As assign(), and returns the object.
+    template <typename Value>
+    Derived& assigned(const Value& value)
+    {
+        assign(value);
+        return static_cast<Derived&>(*this);
+    }
 
     /// Copies all N units to `dest`; false when `dest` is null.
     bool copyTo(unsigned short* dest) const
     {
-        if (!dest) {
-            return false;
+        if (dest) {
+            std::memcpy(dest, codeUnits(), sizeof(TArray));
         }
-        std::memcpy(dest, units(), sizeof(TArray));
-        return true;
+        return dest != nullptr;
     }
 
 private:
     /// @cond INTERNAL
     struct SBlock : QSharedData
     {
-        quint32 unused[3] = {}; // 16 bytes before the units: streams and comparison are faster
-        TArray units = {};
+        quint32 unused[3] = {}; // streams and comparison are faster with units at an even 16 bytes
+        TArray codeUnits = {};
     };
     /// @endcond
 
     static constexpr int BYTES = static_cast<int>(sizeof(TArray));
 
-    const unsigned short* units() const { return mBlock.constData()->units; }
+    const unsigned short* codeUnits() const { return mBlock.constData()->codeUnits; }
 
     QSharedDataPointer<SBlock> mBlock;
 };

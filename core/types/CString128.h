@@ -6,10 +6,7 @@
 #include <QMetaType>
 
 /**
- * @brief A text of exactly 128 UTF-16 code units, the value of type "STRING128".
- *
- * Implicitly shared. A text of 128 units has no terminator, a longer one is truncated. An empty text is not valid.
- * Units after the terminator are part of the value (see CFixedString).
+ * @brief A text of exactly 128 UTF-16 code units, the value of type "STRING128"; see CFixedString.
  *
  * @code
  * CString128 name(QStringLiteral("Axis 1"));
@@ -28,18 +25,10 @@ public:
     using CFixedString::CFixedString;
 
     /// Writes the text and its terminator over the units. Units after it keep their old values.
-    CString128& operator=(const QString& text)
-    {
-        assign(text);
-        return *this;
-    }
+    CString128& operator=(const QString& text) { return assigned(text); }
 
     /// Takes all 128 units.
-    CString128& operator=(const unsigned short (&units)[128])
-    {
-        assign(units);
-        return *this;
-    }
+    CString128& operator=(const unsigned short (&units)[128]) { return assigned(units); }
 
     /// Copies all 128 units to `dest`. Returns false and does nothing if `dest` is null.
     bool string128(unsigned short* dest) const { return copyTo(dest); }

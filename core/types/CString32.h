@@ -6,10 +6,7 @@
 #include <QMetaType>
 
 /**
- * @brief A text of exactly 32 UTF-16 code units, the value of type "STRING32".
- *
- * Implicitly shared. A text of 32 units has no terminator, a longer one is truncated. An empty text is not valid.
- * Units after the terminator are part of the value (see CFixedString).
+ * @brief A text of exactly 32 UTF-16 code units, the value of type "STRING32"; see CFixedString.
  *
  * @code
  * CString32 name(QStringLiteral("Axis 1"));
@@ -28,18 +25,10 @@ public:
     using CFixedString::CFixedString;
 
     /// Writes the text and its terminator over the units. Units after it keep their old values.
-    CString32& operator=(const QString& text)
-    {
-        assign(text);
-        return *this;
-    }
+    CString32& operator=(const QString& text) { return assigned(text); }
 
     /// Takes all 32 units.
-    CString32& operator=(const unsigned short (&units)[32])
-    {
-        assign(units);
-        return *this;
-    }
+    CString32& operator=(const unsigned short (&units)[32]) { return assigned(units); }
 
     /// Copies all 32 units to `dest`. Returns false and does nothing if `dest` is null.
     bool string32(unsigned short* dest) const { return copyTo(dest); }

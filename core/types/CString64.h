@@ -6,10 +6,7 @@
 #include <QMetaType>
 
 /**
- * @brief A text of exactly 64 UTF-16 code units, the value of type "STRING64".
- *
- * Implicitly shared. A text of 64 units has no terminator, a longer one is truncated. An empty text is not valid.
- * Units after the terminator are part of the value (see CFixedString).
+ * @brief A text of exactly 64 UTF-16 code units, the value of type "STRING64"; see CFixedString.
  *
  * @code
  * CString64 name(QStringLiteral("Axis 1"));
@@ -28,18 +25,10 @@ public:
     using CFixedString::CFixedString;
 
     /// Writes the text and its terminator over the units. Units after it keep their old values.
-    CString64& operator=(const QString& text)
-    {
-        assign(text);
-        return *this;
-    }
+    CString64& operator=(const QString& text) { return assigned(text); }
 
     /// Takes all 64 units.
-    CString64& operator=(const unsigned short (&units)[64])
-    {
-        assign(units);
-        return *this;
-    }
+    CString64& operator=(const unsigned short (&units)[64]) { return assigned(units); }
 
     /// Copies all 64 units to `dest`. Returns false and does nothing if `dest` is null.
     bool string64(unsigned short* dest) const { return copyTo(dest); }

@@ -13,6 +13,7 @@
 #include <QVariant>
 
 #include <type_traits>
+#include <utility>
 
 class QBitArray;
 class QDataStream;
@@ -48,22 +49,15 @@ class TLXCORE_EXPORT CVariant
     using TUnsignedLong = std::make_unsigned_t<TLong>;
 
 public:
-    /// Constructs an "UNKNOWN" variant without payload.
-    CVariant()
-        : mType(NTypes::TYPE_UNKNOWN)
-    {}
+    CVariant() = default; ///< An "UNKNOWN" variant without payload.
     /// Shares the payload and copies the tag.
+    // NOLINTNEXTLINE(modernize-use-equals-default): the copy of a QVariant is not declared noexcept
     CVariant(const CVariant& other) noexcept
         : mValue(other.mValue)
         , mType(other.mType)
     {}
     /// Takes payload and tag, and leaves the other variant "UNKNOWN".
-    CVariant(CVariant&& other) noexcept
-        : mValue(std::move(other.mValue))
-        , mType(other.mType)
-    {
-        other.mType = NTypes::TYPE_UNKNOWN;
-    }
+    CVariant(CVariant&& other) noexcept { *this = std::move(other); }
     virtual ~CVariant() = default;
 
     /// @name Construction from a value
@@ -86,73 +80,51 @@ public:
         : mValue(QVariant::fromValue(value))
         , mType(NTypes::TYPE_U16)
     {}
-    CVariant(int value)
-        : mValue(value)
-        , mType(NTypes::TYPE_I32)
-    {}
-    CVariant(unsigned int value)
-        : mValue(value)
-        , mType(NTypes::TYPE_U32)
-    {}
+    CVariant(int value) { set(value, NTypes::TYPE_I32); }
+    CVariant(unsigned int value) { set(value, NTypes::TYPE_U32); }
     /// As the integer of the same width: "I32" where long has 32 bits, "I64" where it has 64.
-    CVariant(long value)
-        : CVariant(static_cast<TLong>(value))
-    {}
+    CVariant(long value) { *this = static_cast<TLong>(value); }
     /// As the integer of the same width: "U32" where long has 32 bits, "U64" where it has 64.
-    CVariant(unsigned long value)
-        : CVariant(static_cast<TUnsignedLong>(value))
-    {}
+    CVariant(unsigned long value) { *this = static_cast<TUnsignedLong>(value); }
     CVariant(float value)
         : mValue(value)
         , mType(NTypes::TYPE_F32)
     {}
-    CVariant(long long value)
-        : mValue(value)
-        , mType(NTypes::TYPE_I64)
-    {}
-    CVariant(unsigned long long value)
-        : mValue(value)
-        , mType(NTypes::TYPE_U64)
-    {}
-    CVariant(double value)
-        : mValue(value)
-        , mType(NTypes::TYPE_F64)
-    {}
-    CVariant(QChar value)
-        : mValue(value)
-        , mType(NTypes::TYPE_UTF16CHAR)
-    {}
-    CVariant(char value);               ///< "CHAR": a byte array of this one byte.
-    CVariant(const char (&value)[64]);  ///< "CHARSTR64": all bytes, whatever follows the first zero included.
-    CVariant(const char (&value)[128]); ///< "CHARSTR128": all bytes.
-    CVariant(const char (&value)[256]); ///< "CHARSTR256": all bytes.
-    CVariant(const CString32& value);   ///< "STRING32".
-    CVariant(const CString64& value);   ///< "STRING64".
-    CVariant(const CString128& value);  ///< "STRING128".
-    CVariant(const unsigned short (&value)[32]);  ///< "STRING32": all units.
-    CVariant(const unsigned short (&value)[64]);  ///< "STRING64": all units.
-    CVariant(const unsigned short (&value)[128]); ///< "STRING128": all units.
-    CVariant(const NTypes::tsDateTime& value);    ///< "DATETIME".
-    CVariant(NTypes::ETypes type);                ///< The type's default value, see defaultValue().
-    CVariant(const QVariant& value);              ///< As operator=(const QVariant&).
+    CVariant(long long value) { set(value, NTypes::TYPE_I64); }
+    CVariant(unsigned long long value) { set(value, NTypes::TYPE_U64); }
+    CVariant(double value) { set(value, NTypes::TYPE_F64); }
+    CVariant(QChar value) { set(value, NTypes::TYPE_UTF16CHAR); }
+    CVariant(char value) { *this = value; }               ///< "CHAR": a byte array of this one byte.
+    CVariant(const char (&value)[64]) { *this = value; }  ///< "CHARSTR64": all bytes, zeros included.
+    CVariant(const char (&value)[128]) { *this = value; } ///< "CHARSTR128": all bytes.
+    CVariant(const char (&value)[256]) { *this = value; } ///< "CHARSTR256": all bytes.
+    CVariant(const CString32& value) { *this = value; }   ///< "STRING32".
+    CVariant(const CString64& value) { *this = value; }   ///< "STRING64".
+    CVariant(const CString128& value) { *this = value; }  ///< "STRING128".
+    CVariant(const unsigned short (&value)[32]) { *this = value; }  ///< "STRING32": all units.
+    CVariant(const unsigned short (&value)[64]) { *this = value; }  ///< "STRING64": all units.
+    CVariant(const unsigned short (&value)[128]) { *this = value; } ///< "STRING128": all units.
+    CVariant(const NTypes::tsDateTime& value) { *this = value; }    ///< "DATETIME".
+    CVariant(NTypes::ETypes type) { *this = type; }    ///< The type's default value, see defaultValue().
+    CVariant(const QVariant& value) { *this = value; } ///< As operator=(const QVariant&).
 
     /// Parses the text as the static fromStr() does. A type without values ("F80") sets the tag and leaves no payload.
     /// A type above NTypes::TYPE_CHAR leaves the variant "UNKNOWN", without a warning.
     CVariant(const QString& text, NTypes::ETypes type);
 
     /// As the static fromBitArray().
-    CVariant(const QBitArray& bits, NTypes::ETypes type);
+    CVariant(const QBitArray& bits, NTypes::ETypes type) { *this = fromBitArray(bits, type); }
     /// @}
 
     /// Shares the payload and copies the tag.
-    CVariant& operator=(const CVariant& other) noexcept
+    CVariant& operator=(const CVariant& other) noexcept { return share(other.mValue, other.mType); }
+    /// Swaps the two variants.
+    CVariant& operator=(CVariant&& other) noexcept
     {
-        mValue = other.mValue;
-        mType = other.mType;
+        mValue.swap(other.mValue);
+        std::swap(mType, other.mType);
         return *this;
     }
-    /// Swaps the two variants.
-    CVariant& operator=(CVariant&& other) noexcept;
 
     /// @name Assignment of a value
     /// @{
@@ -172,18 +144,18 @@ public:
     CVariant& operator=(unsigned long long value) { return set(value, NTypes::TYPE_U64); }
     CVariant& operator=(double value) { return set(value, NTypes::TYPE_F64); }
     CVariant& operator=(QChar value) { return set(value, NTypes::TYPE_UTF16CHAR); }
-    CVariant& operator=(char value);
-    CVariant& operator=(const char (&value)[64]);
-    CVariant& operator=(const char (&value)[128]);
-    CVariant& operator=(const char (&value)[256]);
+    CVariant& operator=(char value) { return setBytes(&value, 1, NTypes::TYPE_CHAR); }
+    CVariant& operator=(const char (&value)[64]) { return setBytes(value, 64, NTypes::TYPE_CHARSTR64); }
+    CVariant& operator=(const char (&value)[128]) { return setBytes(value, 128, NTypes::TYPE_CHARSTR128); }
+    CVariant& operator=(const char (&value)[256]) { return setBytes(value, 256, NTypes::TYPE_CHARSTR256); }
     CVariant& operator=(const CString32& value);
     CVariant& operator=(const CString64& value);
     CVariant& operator=(const CString128& value);
-    CVariant& operator=(const unsigned short (&value)[32]);
-    CVariant& operator=(const unsigned short (&value)[64]);
-    CVariant& operator=(const unsigned short (&value)[128]);
+    CVariant& operator=(const unsigned short (&value)[32]) { return *this = CString32(value); }
+    CVariant& operator=(const unsigned short (&value)[64]) { return *this = CString64(value); }
+    CVariant& operator=(const unsigned short (&value)[128]) { return *this = CString128(value); }
     CVariant& operator=(const NTypes::tsDateTime& value);
-    CVariant& operator=(NTypes::ETypes type);
+    CVariant& operator=(NTypes::ETypes type) { return share(defaultValue(type), type); }
 
     /**
      * @brief Takes over a QVariant: its Qt type decides the tag.
@@ -197,9 +169,6 @@ public:
     /// Rebuilds the variant in its own type, an "UNKNOWN" one as "U64"; see the static fromBitArray().
     CVariant& operator=(const QBitArray& bits);
     /// @}
-
-    /// @name Queries
-    /// @{
 
     /// Returns the tag.
     NTypes::ETypes type() const { return mType; }
@@ -228,22 +197,21 @@ public:
     /// Sets the tag and the default payload. A type without default changes the tag only; operator QVariant() still
     /// returns the old payload.
     CVariant& setDefaultValue(NTypes::ETypes type);
-    /// @}
 
     /// @name Numbers
     /// @{
 
     /// Returns the number, truncated to the width of the result (a float toward zero first); 0 and false if the value
     /// is not a number or date, or canConvertTo() is false. A "DATETIME" is its packed 64-bit number.
-    signed char toI8(bool* ok = nullptr) const;
-    unsigned char toU8(bool* ok = nullptr) const;
-    short toI16(bool* ok = nullptr) const;
-    unsigned short toU16(bool* ok = nullptr) const;
-    int toI32(bool* ok = nullptr) const;
-    unsigned int toU32(bool* ok = nullptr) const;
+    signed char toI8(bool* ok = nullptr) const { return qint8(toBits(NTypes::TYPE_I8, ok)); }
+    unsigned char toU8(bool* ok = nullptr) const { return quint8(toBits(NTypes::TYPE_U8, ok)); }
+    short toI16(bool* ok = nullptr) const { return qint16(toBits(NTypes::TYPE_I16, ok)); }
+    unsigned short toU16(bool* ok = nullptr) const { return quint16(toBits(NTypes::TYPE_U16, ok)); }
+    int toI32(bool* ok = nullptr) const { return qint32(toBits(NTypes::TYPE_I32, ok)); }
+    unsigned int toU32(bool* ok = nullptr) const { return quint32(toBits(NTypes::TYPE_U32, ok)); }
     float toF32(bool* ok = nullptr) const;
-    long long toI64(bool* ok = nullptr) const;
-    unsigned long long toU64(bool* ok = nullptr) const;
+    long long toI64(bool* ok = nullptr) const { return qint64(toBits(NTypes::TYPE_I64, ok)); }
+    unsigned long long toU64(bool* ok = nullptr) const { return toBits(NTypes::TYPE_U64, ok); }
     double toF64(bool* ok = nullptr) const;
     operator signed char() const { return toI8(); }
     operator unsigned char() const { return toU8(); }
@@ -265,11 +233,11 @@ public:
     /// Returns any text or character, truncated to the length of the result; an empty text and false for anything else.
     /// The array forms copy all code units of the result, zeros on failure.
     CString32 toString32(bool* ok = nullptr) const;
-    bool toString32(unsigned short (&dest)[32]) const;
+    bool toString32(unsigned short (&dest)[32]) const { return copyUnits(toString32().byteArray(), dest); }
     CString64 toString64(bool* ok = nullptr) const;
-    bool toString64(unsigned short (&dest)[64]) const;
+    bool toString64(unsigned short (&dest)[64]) const { return copyUnits(toString64().byteArray(), dest); }
     CString128 toString128(bool* ok = nullptr) const;
-    bool toString128(unsigned short (&dest)[128]) const;
+    bool toString128(unsigned short (&dest)[128]) const { return copyUnits(toString128().byteArray(), dest); }
     operator CString32() const { return toString32(); }
     operator CString64() const { return toString64(); }
     operator CString128() const { return toString128(); }
@@ -280,10 +248,10 @@ public:
 
     /// Copies the bytes of an 8-bit text or character, zero-filled and always terminated (toChar(): the one byte).
     /// Returns false and leaves the destination untouched for anything else, numbers and dates included.
-    bool toCharStr64(char (&dest)[64]) const;
-    bool toCharStr128(char (&dest)[128]) const;
-    bool toCharStr256(char (&dest)[256]) const;
-    bool toChar(char& dest) const;
+    bool toCharStr64(char (&dest)[64]) const { return toBytes(dest, 64, 1); }
+    bool toCharStr128(char (&dest)[128]) const { return toBytes(dest, 128, 1); }
+    bool toCharStr256(char (&dest)[256]) const { return toBytes(dest, 256, 1); }
+    bool toChar(char& dest) const { return toBytes(&dest, 1, 0); }
     operator char() const; ///< 0 on failure.
     /// @}
 
@@ -295,9 +263,6 @@ public:
     bool toUtf16Char(QChar& dest) const;
     operator QChar() const;
     /// @}
-
-    /// @name Text forms
-    /// @{
 
     /**
      * @brief Returns the neutral text: numbers in decimal ("F32" with 6, "F64" with 15 significant digits), texts up to
@@ -312,16 +277,12 @@ public:
     /// Returns toStr(), but "F32" and "F64" with the decimal separator and digit groups of the default QLocale.
     QString toLocaleStr() const;
 
-    operator QString() const { return toStr(); }
+    operator QString() const { return toStr(); } ///< toStr().
 
     /// Returns the prefix and the value's lowercase hexadecimal digits: two a byte of integers and characters (16 of a
     /// negative 32-bit number), all bytes of texts (code units low byte first), a packed date-time without leading
     /// zeros. Floats and "UNKNOWN" have no digits.
     QString toHex(const QString& prefix) const;
-    /// @}
-
-    /// @name Parsing
-    /// @{
 
     /**
      * @brief Parses text as a type; malformed numbers and dates become a valid 0.
@@ -336,10 +297,6 @@ public:
     /// Parses text as the variant's own type. If that yields no value, the tag stays and the payload becomes the type's
     /// default (none for "UNKNOWN", "F80" and above NTypes::TYPE_CHAR).
     CVariant& fromStr(const QString& text);
-    /// @}
-
-    /// @name Bits
-    /// @{
 
     /// Returns the bits of an integer, the least significant first; an empty array and a warning for any other type.
     QBitArray toBitArray() const;
@@ -349,21 +306,16 @@ public:
     static CVariant fromBitArray(const QBitArray& bits, NTypes::ETypes type);
 
     /// The same as operator=(const QBitArray&).
-    CVariant& fromBitArray(const QBitArray& bits);
-    /// @}
+    CVariant& fromBitArray(const QBitArray& bits) { return *this = bits; }
 
     /// Returns a copy of the payload; the tag is lost.
     operator QVariant() const { return mValue; }
-
-    /// @name Equality
-    /// @{
 
     /// Returns true for equal tags and equal values. Floats are compared fuzzily (relative 1e-5 and 1e-12), texts by
     /// toStr(). Two variants of one type without values ("UNKNOWN", "F80") are equal.
     bool operator==(const CVariant& other) const;
     /// The negation of operator==.
     bool operator!=(const CVariant& other) const { return !(*this == other); }
-    /// @}
 
     /// @name Order
     /// @{
@@ -386,6 +338,13 @@ private:
     friend TLXCORE_EXPORT NQtCompat::THash qHash(const CVariant& value, NQtCompat::THash seed);
     friend TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CVariant& value);
 
+    CVariant& share(const QVariant& value, NTypes::ETypes type)
+    {
+        mValue = value;
+        mType = type;
+        return *this;
+    }
+
     // In place when the payload holds a value of the same Qt type that is not shared; Qt 6 would keep its null flag then.
     template <typename T>
     CVariant& set(const T& value, NTypes::ETypes type)
@@ -398,18 +357,18 @@ private:
         return *this;
     }
 
-    // As set(), for a payload of one of the library's own types.
-    template <typename T>
-    CVariant& setOwn(const T& value, NTypes::ETypes type);
+    CVariant& setBytes(const char* bytes, int size, NTypes::ETypes type);
 
     template <typename T>
     T toNumber(NTypes::ETypes target, bool* ok) const;
+    quint64 toBits(NTypes::ETypes integer, bool* ok) const;
     template <typename T>
-    T toText(NTypes::ETypes target, bool* ok) const;
+    T toText(bool* ok) const;
+    bool copyUnits(const QByteArray& units, unsigned short* dest) const;
     bool toBytes(char* dest, int size, int terminator) const;
 
     QVariant mValue;
-    NTypes::ETypes mType;
+    NTypes::ETypes mType = NTypes::TYPE_UNKNOWN;
 };
 
 /// Writes the payload as Qt writes a QVariant, then the tag as a signed 32-bit integer.

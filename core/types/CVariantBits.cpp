@@ -85,18 +85,9 @@ CVariant CVariant::fromBitArray(const QBitArray& bits, NTypes::ETypes type)
     });
 }
 
-CVariant::CVariant(const QBitArray& bits, NTypes::ETypes type)
-    : CVariant(fromBitArray(bits, type))
-{}
-
 CVariant& CVariant::operator=(const QBitArray& bits)
 {
     return *this = fromBitArray(bits, mType == NTypes::TYPE_UNKNOWN ? NTypes::TYPE_U64 : mType);
-}
-
-CVariant& CVariant::fromBitArray(const QBitArray& bits)
-{
-    return *this = bits;
 }
 
 QString CVariant::toHex(const QString& prefix) const

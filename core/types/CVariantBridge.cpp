@@ -13,6 +13,7 @@
 
 using namespace NTypeTable;
 using NVariantPayload::as;
+using NVariantPayload::comparable;
 using NVariantPayload::exact;
 
 namespace {
@@ -34,12 +35,16 @@ CVariant sizedText(const Text& text, int bytes)
     return CString128(text);
 }
 
-// |a - b| * precision <= min(|a|, |b|): infinities, NaN and 0 follow from the formula.
-template <typename Float>
-bool fuzzyEqual(Float a, Float b)
+// Floats: |a - b| * precision <= min(|a|, |b|); infinities, NaN and 0 follow from the formula.
+template <typename T>
+bool isEqual(const T& a, const T& b)
 {
-    constexpr Float PRECISION = std::is_same<Float, float>::value ? Float(1e5) : Float(1e12);
-    return std::fabs(a - b) * PRECISION <= std::min(std::fabs(a), std::fabs(b));
+    if constexpr (IS_FLOAT<T>) {
+        constexpr T PRECISION = std::is_same<T, float>::value ? T(1e5) : T(1e12);
+        return std::fabs(a - b) * PRECISION <= std::min(std::fabs(a), std::fabs(b));
+    } else {
+        return a == b;
+    }
 }
 
 // The left operand's tag chooses the reader of both.
@@ -50,25 +55,13 @@ bool ordered(const CVariant& left, const CVariant& right, Compare compare)
         using T = typename decltype(payload)::Type;
         if constexpr (std::is_void<T>::value) {
             return false;
-        } else if constexpr (std::is_unsigned<T>::value) {
-            return compare(left.toU64(), right.toU64());
-        } else if constexpr (IS_INTEGER<T> || IS_DATE_TIME<T>) {
-            return compare(left.toI64(), right.toI64());
-        } else if constexpr (IS_FLOAT<T>) {
-            return compare(static_cast<T>(left), static_cast<T>(right));
         } else {
-            return compare(left.toStr(), right.toStr());
+            return compare(comparable<T>(left), comparable<T>(right));
         }
     });
 }
 
 } // namespace
-
-CVariant::CVariant(const QVariant& value)
-    : mType(NTypes::TYPE_UNKNOWN)
-{
-    *this = value;
-}
 
 CVariant& CVariant::operator=(const QVariant& value)
 {
@@ -112,15 +105,14 @@ bool CVariant::operator==(const CVariant& other) const
         if constexpr (std::is_void<T>::value) {
             return true;
         } else {
+            // Payloads of another type may be equal values, too, and other payloads equal texts up to their zero.
+            constexpr bool ENDS_AT_ZERO = IS_FIXED_STRING<T> || IS_BYTES<T>;
             const T* const left = exact<T>(mValue);
             const T* const right = exact<T>(other.mValue);
-            if constexpr (IS_FLOAT<T>) {
-                return left && right ? fuzzyEqual(*left, *right)
-                                     : fuzzyEqual(static_cast<T>(*this), static_cast<T>(other));
-            } else {
-                // Equal payloads are equal values. Others may be, too: numbers of another form, texts up to their zero.
-                return (left && right && *left == *right) || ordered(*this, other, std::equal_to<>());
+            if (left && right && (!ENDS_AT_ZERO || *left == *right)) {
+                return isEqual(*left, *right);
             }
+            return isEqual(comparable<T>(*this), comparable<T>(other));
         }
     });
 }
@@ -157,12 +149,8 @@ NQtCompat::THash qHash(const CVariant& value, NQtCompat::THash seed)
         if constexpr (std::is_void<T>::value || IS_FLOAT<T>) {
             // Fuzzy equality is no equivalence: only the tag is the same for all that are equal to each other.
             return qHash(tag, seed);
-        } else if constexpr (std::is_unsigned<T>::value) {
-            return qHash(qMakePair(tag, quint64(value.toU64())), seed);
-        } else if constexpr (IS_INTEGER<T> || IS_DATE_TIME<T>) {
-            return qHash(qMakePair(tag, qint64(value.toI64())), seed);
         } else {
-            return qHash(qMakePair(tag, value.toStr()), seed);
+            return qHash(qMakePair(tag, comparable<T>(value)), seed);
         }
     });
 }

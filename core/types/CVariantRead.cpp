@@ -14,11 +14,6 @@ using NTypeTable::typeInfo;
 
 namespace {
 
-bool isNumber(EKind kind)
-{
-    return kind == EKind::Unsigned || kind == EKind::Signed || kind == EKind::Float;
-}
-
 bool isText(EKind kind)
 {
     return kind == EKind::Utf16Text || kind == EKind::Char8Text || kind == EKind::Utf16Char;
@@ -28,19 +23,11 @@ bool canConvertToNumber(const QVariant& payload, NTypes::ETypes target)
 {
     // Qt's rule holds whatever it is: a payload of type unsigned char converts neither to unsigned short nor to float.
     // Only double takes the narrow types beyond that.
-    if (target == NTypes::TYPE_F64) {
-        switch (payload.userType()) {
-        case QMetaType::Short:
-        case QMetaType::Char:
-        case QMetaType::UShort:
-        case QMetaType::UChar:
-        case QMetaType::Float:
-            return true;
-        default:
-            break;
-        }
-    }
-    return NQtVariant::canConvert(payload, NMetaTypes::metaTypeOf(target));
+    const int type = payload.userType();
+    const bool isNarrow = type == QMetaType::Short || type == QMetaType::Char || type == QMetaType::UShort
+                          || type == QMetaType::UChar || type == QMetaType::Float;
+    return (isNarrow && target == NTypes::TYPE_F64)
+           || NQtVariant::canConvert(payload, NMetaTypes::metaTypeOf(target));
 }
 
 template <typename To, typename From>
@@ -74,7 +61,7 @@ bool CVariant::canConvertTo(NTypes::ETypes type) const
     case EKind::Utf16Char:
         return isText(source);
     case EKind::Char8Text:
-        return isNumber(source) || source == EKind::Char8Text || source == EKind::DateTime;
+        return source != EKind::None && source != EKind::Utf16Text && source != EKind::Utf16Char;
     case EKind::DateTime:
         return mType == NTypes::TYPE_U64 || mType == NTypes::TYPE_I64 || mType == NTypes::TYPE_DATETIME;
     }
@@ -84,13 +71,8 @@ bool CVariant::canConvertTo(NTypes::ETypes type) const
 template <typename T>
 T CVariant::toNumber(NTypes::ETypes target, bool* ok) const
 {
-    if (mType == target) {
-        if (const T* own = NVariantPayload::exact<T>(mValue)) {
-            if (ok) {
-                *ok = true;
-            }
-            return *own;
-        }
+    if (const T* own = mType == target ? NVariantPayload::exact<T>(mValue) : nullptr) {
+        return NNumberReading::answer(ok, true, *own);
     }
     bool done = false;
     T number = 0;
@@ -116,55 +98,24 @@ T CVariant::toNumber(NTypes::ETypes target, bool* ok) const
             break;
         }
     }
-    if (ok) {
-        *ok = done;
-    }
-    return done ? number : T(0);
+    return NNumberReading::answer(ok, done, number);
 }
 
-signed char CVariant::toI8(bool* ok) const
+quint64 CVariant::toBits(NTypes::ETypes integer, bool* ok) const
 {
-    return toNumber<signed char>(NTypes::TYPE_I8, ok);
-}
-
-unsigned char CVariant::toU8(bool* ok) const
-{
-    return toNumber<unsigned char>(NTypes::TYPE_U8, ok);
-}
-
-short CVariant::toI16(bool* ok) const
-{
-    return toNumber<short>(NTypes::TYPE_I16, ok);
-}
-
-unsigned short CVariant::toU16(bool* ok) const
-{
-    return toNumber<unsigned short>(NTypes::TYPE_U16, ok);
-}
-
-int CVariant::toI32(bool* ok) const
-{
-    return toNumber<int>(NTypes::TYPE_I32, ok);
-}
-
-unsigned int CVariant::toU32(bool* ok) const
-{
-    return toNumber<unsigned int>(NTypes::TYPE_U32, ok);
+    return NTypeTable::visitType(integer, [this, integer, ok](auto payload) {
+        using T = typename decltype(payload)::Type;
+        if constexpr (NTypeTable::IS_INTEGER<T>) {
+            return static_cast<quint64>(toNumber<T>(integer, ok));
+        } else {
+            return quint64(0);
+        }
+    });
 }
 
 float CVariant::toF32(bool* ok) const
 {
     return toNumber<float>(NTypes::TYPE_F32, ok);
-}
-
-long long CVariant::toI64(bool* ok) const
-{
-    return toNumber<long long>(NTypes::TYPE_I64, ok);
-}
-
-unsigned long long CVariant::toU64(bool* ok) const
-{
-    return toNumber<unsigned long long>(NTypes::TYPE_U64, ok);
 }
 
 double CVariant::toF64(bool* ok) const
@@ -173,57 +124,35 @@ double CVariant::toF64(bool* ok) const
 }
 
 template <typename T>
-T CVariant::toText(NTypes::ETypes target, bool* ok) const
+T CVariant::toText(bool* ok) const
 {
-    T text;
-    const bool done = canConvertTo(target);
-    if (done) {
-        if (const T* same = NVariantPayload::exact<T>(mValue)) {
-            text = *same;
-        } else {
-            text = toStr();
-        }
-    }
+    const bool isOne = isText(typeInfo(mType).kind);
     if (ok) {
-        *ok = done;
+        *ok = isOne;
     }
-    return text;
+    const T* const same = isOne ? NVariantPayload::exact<T>(mValue) : nullptr;
+    return same ? *same : isOne ? T(toStr()) : T();
 }
 
 CString32 CVariant::toString32(bool* ok) const
 {
-    return toText<CString32>(NTypes::TYPE_STRING32, ok);
-}
-
-bool CVariant::toString32(unsigned short (&dest)[32]) const
-{
-    bool ok = false;
-    toString32(&ok).string32(dest);
-    return ok;
+    return toText<CString32>(ok);
 }
 
 CString64 CVariant::toString64(bool* ok) const
 {
-    return toText<CString64>(NTypes::TYPE_STRING64, ok);
-}
-
-bool CVariant::toString64(unsigned short (&dest)[64]) const
-{
-    bool ok = false;
-    toString64(&ok).string64(dest);
-    return ok;
+    return toText<CString64>(ok);
 }
 
 CString128 CVariant::toString128(bool* ok) const
 {
-    return toText<CString128>(NTypes::TYPE_STRING128, ok);
+    return toText<CString128>(ok);
 }
 
-bool CVariant::toString128(unsigned short (&dest)[128]) const
+bool CVariant::copyUnits(const QByteArray& units, unsigned short* dest) const
 {
-    bool ok = false;
-    toString128(&ok).string128(dest);
-    return ok;
+    std::memcpy(dest, units.constData(), static_cast<std::size_t>(units.size()));
+    return canConvertTo(NTypes::TYPE_STRING32);
 }
 
 bool CVariant::toBytes(char* dest, int size, int terminator) const
@@ -236,26 +165,6 @@ bool CVariant::toBytes(char* dest, int size, int terminator) const
     std::memcpy(dest, bytes.constData(),
                 static_cast<std::size_t>(std::min<qsizetype>(bytes.size(), size - terminator)));
     return true;
-}
-
-bool CVariant::toCharStr64(char (&dest)[64]) const
-{
-    return toBytes(dest, 64, 1);
-}
-
-bool CVariant::toCharStr128(char (&dest)[128]) const
-{
-    return toBytes(dest, 128, 1);
-}
-
-bool CVariant::toCharStr256(char (&dest)[256]) const
-{
-    return toBytes(dest, 256, 1);
-}
-
-bool CVariant::toChar(char& dest) const
-{
-    return toBytes(&dest, 1, 0);
 }
 
 CVariant::operator char() const

@@ -1,18 +1,14 @@
 #include <core/types/CVariant.h>
 
-#include <core/base/Digits.h>
+#include <core/base/NumberReading.h>
 #include <core/base/QtLocale.h>
 #include <core/base/QtReady.h>
 #include <core/base/QtTexts.h>
-#include <core/base/QtVariant.h>
-#include <core/types/TypeTable.h>
 #include <core/types/VariantPayload.h>
 
-#include <QDateTime>
 #include <QDebug>
 
-#include <type_traits>
-
+using namespace NPackedDateTime;
 using namespace NTypeTable;
 using NVariantPayload::as;
 
@@ -58,30 +54,26 @@ QString utf16Text(const QVariant& payload)
 // Only a packed number shows. A record shows as nothing, and callers rely on it; so the record is not read here.
 QString dateTimeText(const QVariant& payload)
 {
-    const NTypes::tsDateTime record = NPackedDateTime::unpack(as<qlonglong>(payload));
-    const QDate date(record.date.year, record.date.month, record.date.day);
-    const QTime time(record.time.hour, record.time.minute, record.time.second, record.time.hundredths * 10);
-    return QDateTime(date, time).toString(Qt::ISODate);
+    const NTypes::tsDateTime record = unpack(as<qlonglong>(payload));
+    return QDateTime(dateOf(record.date), timeOf(record.time)).toString(Qt::ISODate);
 }
 
-// A failure is 0, also where Qt hands back infinity for a number that is too large.
+// 0 on failure.
 template <typename Number>
 Number parsedNumber(const QString& text)
 {
     bool ok = false;
-    Number number = 0;
     if constexpr (std::is_same<Number, float>::value) {
-        number = text.toFloat(&ok);
-    } else if constexpr (std::is_same<Number, double>::value) {
-        number = text.toDouble(&ok);
+        return NNumberReading::readFloat(text, ok);
+    } else if constexpr (IS_FLOAT<Number>) {
+        return NNumberReading::readDouble(text, ok);
     } else if constexpr (std::is_unsigned<Number>::value) {
         const QString own = NQtCompat::integerText(text);
-        number = static_cast<Number>(sizeof(Number) == 8 ? own.toULongLong(&ok, 0) : own.toUInt(&ok, 0));
+        return static_cast<Number>(sizeof(Number) == 8 ? own.toULongLong(&ok, 0) : own.toUInt(&ok, 0));
     } else {
         const QString own = NQtCompat::integerText(text);
-        number = static_cast<Number>(sizeof(Number) == 8 ? own.toLongLong(&ok, 0) : own.toInt(&ok, 0));
+        return static_cast<Number>(sizeof(Number) == 8 ? own.toLongLong(&ok, 0) : own.toInt(&ok, 0));
     }
-    return ok ? number : Number(0);
 }
 
 // Never a null byte array: an empty text is a value.
@@ -96,18 +88,10 @@ NTypes::tsDateTime parsedDateTime(const QString& text)
     bool ok = false;
     const int packed = NQtCompat::integerText(text).toInt(&ok, 10);
     if (ok) {
-        return NPackedDateTime::unpack(packed);
+        return unpack(packed);
     }
     const QDateTime dateTime = QDateTime::fromString(text, Qt::ISODate);
-    if (!dateTime.isValid()) {
-        return NTypes::tsDateTime();
-    }
-    const QDate date = dateTime.date();
-    const QTime time = dateTime.time();
-    return {
-        {static_cast<qint8>(time.msec() / 10), static_cast<qint8>(time.second()),
-         static_cast<qint8>(time.minute()), static_cast<qint8>(time.hour())},
-        {static_cast<qint8>(date.day()), static_cast<qint8>(date.month()), static_cast<qint16>(date.year())}};
+    return dateTime.isValid() ? recordOf(dateTime) : NTypes::tsDateTime();
 }
 
 // Reads the value as operator== does: an unreadable payload, or one wider than its type, shows what is compared.
@@ -115,16 +99,13 @@ void showCompared(QDebug& debug, const CVariant& value)
 {
     visitType(value.type(), [&](auto payload) {
         using T = typename decltype(payload)::Type;
-        if constexpr (std::is_unsigned<T>::value) {
-            debug << integerText(value.toU64());
-        } else if constexpr (IS_INTEGER<T>) {
-            debug << integerText(value.toI64());
-        } else if constexpr (IS_FLOAT<T>) {
-            debug << floatText(static_cast<T>(value));
+        const auto compared = NVariantPayload::comparable<T>(value);
+        if constexpr (IS_FLOAT<T>) {
+            debug << floatText(compared);
         } else if constexpr (IS_DATE_TIME<T>) {
-            debug << NPackedDateTime::unpack(value.toI64());
+            debug << unpack(compared);
         } else {
-            debug << value.toStr();
+            debug << compared;
         }
     });
 }

@@ -82,7 +82,7 @@ quint32 readType(QDataStream& stream, const SHead& head)
     if (type == USER_TYPE) {
         return readUserType(stream);
     }
-    return isPlain(type) ? type : REFUSED;
+    return isIn(PLAIN_TYPES, type) ? type : REFUSED;
 }
 
 void readNothing(QDataStream& stream)
@@ -108,15 +108,15 @@ bool readBytes(QDataStream& stream, QByteArray& bytes)
         return false;
     }
     const int size = static_cast<int>(length);
-    bytes = QByteArray(std::min(STEP, size), Qt::Uninitialized);
-    int count = size > 0 ? stream.readRawData(bytes.data(), static_cast<int>(bytes.size())) : 0;
-    while (count == bytes.size() && count < size) {
+    bytes = QByteArray("");
+    while (bytes.size() < size) {
+        const int count = static_cast<int>(bytes.size());
         const int step = std::min(STEP, size - count);
         bytes.resize(count + step);
-        count += std::max(0, stream.readRawData(bytes.data() + count, step));
-    }
-    if (count < size) {
-        bytes.clear();
+        if (stream.readRawData(bytes.data() + count, step) != step) {
+            bytes.clear();
+            break;
+        }
     }
     return true;
 }
@@ -136,27 +136,20 @@ bool readValue(QDataStream& stream, int type, void* value)
 // Bytes of a number that lies in the stream as in memory, but for the order of its bytes; 0 of everything else.
 int fixedSize(const QDataStream& stream, int type)
 {
-    if (stream.version() < QDataStream::Qt_5_0) {
+    constexpr quint64 BY_SIZE[] = {typeSet({QMetaType::UChar, QMetaType::SChar}),
+                                   typeSet({QMetaType::Short, QMetaType::UShort}),
+                                   typeSet({QMetaType::Int, QMetaType::UInt}),
+                                   typeSet({QMetaType::LongLong, QMetaType::ULongLong, QMetaType::Double})};
+    const bool isOther =
+        type == QMetaType::Double && stream.floatingPointPrecision() != QDataStream::DoublePrecision;
+    if (isOther || stream.version() < QDataStream::Qt_5_0) {
         return 0;
     }
-    switch (type) {
-    case QMetaType::UChar:
-    case QMetaType::SChar:
-        return 1;
-    case QMetaType::Short:
-    case QMetaType::UShort:
-        return 2;
-    case QMetaType::Int:
-    case QMetaType::UInt:
-        return 4;
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-        return 8;
-    case QMetaType::Double:
-        return stream.floatingPointPrecision() == QDataStream::DoublePrecision ? 8 : 0;
-    default:
-        return 0;
+    int size = MAX_FIXED_SIZE;
+    for (int i = 3; i >= 0 && !isIn(BY_SIZE[i], static_cast<quint32>(type)); --i) {
+        size /= 2;
     }
+    return size;
 }
 
 // A number and the tag after it, in one access to the device. What is missing is 0.

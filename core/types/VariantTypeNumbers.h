@@ -88,9 +88,9 @@ constexpr quint64 PLAIN_TYPES =
              QMetaType::ULong,       QMetaType::UShort,     QMetaType::UChar,  QMetaType::Float,
              QMetaType::SChar});
 
-constexpr bool isPlain(quint32 type)
+constexpr bool isIn(quint64 set, quint32 type)
 {
-    return type < 64 && (PLAIN_TYPES >> type & 1) != 0;
+    return type < 64 && (set >> type & 1) != 0;
 }
 
 } // namespace NVariantStream
