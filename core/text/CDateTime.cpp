@@ -9,22 +9,9 @@
 #include <QTimeZone>
 #include <QtEndian>
 
-#include <algorithm>
-#include <cstring>
+using namespace NPackedDateTime;
 
 namespace {
-
-constexpr int MS_PER_HUNDREDTH = 10;
-
-QDate dateOf(const NTypes::tsDate& date)
-{
-    return QDate(date.year, date.month, date.day);
-}
-
-QTime timeOf(const NTypes::tsTime& time)
-{
-    return QTime(time.hour, time.minute, time.second, time.hundredths * MS_PER_HUNDREDTH);
-}
 
 // Qt has no offset and no zone to go with these two, and takes UTC and local time. A QDateTime with a date takes
 // midnight for a time that is none: without a date it stays not valid.
@@ -67,14 +54,8 @@ void showInstant(QDebug& debug, const QDateTime& dateTime)
 
 } // namespace
 
-CDateTime::CDateTime() = default;
-
-CDateTime::CDateTime(const QDateTime& dateTime)
-    : mDateTime(dateTime)
-{}
-
 CDateTime::CDateTime(const long long& packed, Qt::TimeSpec spec)
-    : CDateTime(NPackedDateTime::unpack(packed), spec)
+    : CDateTime(unpack(packed), spec)
 {}
 
 CDateTime::CDateTime(const NTypes::tsDateTime& record, Qt::TimeSpec spec)
@@ -83,20 +64,21 @@ CDateTime::CDateTime(const NTypes::tsDateTime& record, Qt::TimeSpec spec)
 
 CDateTime::~CDateTime() = default;
 
-CDateTime& CDateTime::operator=(const QDateTime& dateTime)
-{
-    mDateTime = dateTime;
-    return *this;
-}
-
 CDateTime& CDateTime::operator=(const long long& packed)
 {
-    return *this = NPackedDateTime::unpack(packed);
+    return *this = unpack(packed);
 }
 
 CDateTime& CDateTime::operator=(const NTypes::tsDateTime& record)
 {
-    setFields(dateOf(record.date), timeOf(record.time));
+    const Qt::TimeSpec spec = mDateTime.timeSpec();
+    const QTime time = timeOf(record.time);
+    if (spec == Qt::LocalTime || spec == Qt::UTC) {
+        mDateTime = dateTimeOf(dateOf(record.date), time, spec);
+    } else {
+        mDateTime.setDate(time.isValid() ? dateOf(record.date) : QDate());
+        mDateTime.setTime(time);
+    }
     return *this;
 }
 
@@ -121,26 +103,6 @@ void CDateTime::setTimeSpec(Qt::TimeSpec spec)
     }
 }
 
-Qt::TimeSpec CDateTime::timeSpec() const
-{
-    return mDateTime.timeSpec();
-}
-
-bool CDateTime::isNull() const
-{
-    return mDateTime.isNull();
-}
-
-bool CDateTime::isValid() const
-{
-    return mDateTime.isValid();
-}
-
-QDateTime CDateTime::toQDateTime(Qt::TimeSpec spec) const
-{
-    return mDateTime.toTimeSpec(spec);
-}
-
 QString CDateTime::toIsoDateTime(Qt::TimeSpec spec) const
 {
     return toQDateTime(spec).toString(Qt::ISODate);
@@ -148,19 +110,7 @@ QString CDateTime::toIsoDateTime(Qt::TimeSpec spec) const
 
 unsigned long long CDateTime::toI64(Qt::TimeSpec spec) const
 {
-    const QDateTime dateTime = toQDateTime(spec);
-    int year = 0;
-    int month = 0;
-    int day = 0;
-    dateTime.date().getDate(&year, &month, &day);
-    const QTime time = dateTime.time();
-    const int ms = time.msec();
-    const int hundredths = ms >= 1 ? ms / MS_PER_HUNDREDTH : 0;
-    const NTypes::tsDateTime record = {
-        {static_cast<qint8>(hundredths), static_cast<qint8>(time.second()), static_cast<qint8>(time.minute()),
-         static_cast<qint8>(time.hour())},
-        {static_cast<qint8>(day), static_cast<qint8>(month), static_cast<qint16>(year)}};
-    return static_cast<quint64>(NPackedDateTime::pack(record));
+    return static_cast<quint64>(pack(recordOf(toQDateTime(spec))));
 }
 
 QByteArray CDateTime::toI64ByteArray(Qt::TimeSpec spec) const
@@ -172,51 +122,8 @@ QByteArray CDateTime::toI64ByteArray(Qt::TimeSpec spec) const
 
 CDateTime CDateTime::fromI64ByteArray(const QByteArray& bytes, Qt::TimeSpec spec)
 {
-    char image[sizeof(quint64)] = {};
-    std::memcpy(image, bytes.constData(), std::min(static_cast<std::size_t>(bytes.size()), sizeof(image)));
-    return CDateTime(static_cast<long long>(qFromLittleEndian<quint64>(image)), spec);
-}
-
-bool CDateTime::operator==(const CDateTime& other) const
-{
-    return mDateTime == other.mDateTime;
-}
-
-bool CDateTime::operator!=(const CDateTime& other) const
-{
-    return mDateTime != other.mDateTime;
-}
-
-bool CDateTime::operator<(const CDateTime& other) const
-{
-    return mDateTime < other.mDateTime;
-}
-
-bool CDateTime::operator>(const CDateTime& other) const
-{
-    return mDateTime > other.mDateTime;
-}
-
-bool CDateTime::operator<=(const CDateTime& other) const
-{
-    return mDateTime <= other.mDateTime;
-}
-
-bool CDateTime::operator>=(const CDateTime& other) const
-{
-    return mDateTime >= other.mDateTime;
-}
-
-void CDateTime::setFields(const QDate& date, const QTime& time)
-{
-    const Qt::TimeSpec spec = mDateTime.timeSpec();
-    if (spec == Qt::LocalTime || spec == Qt::UTC) {
-        // One look into the time zone instead of the two that setDate() and setTime() take.
-        mDateTime = dateTimeOf(date, time, spec);
-        return;
-    }
-    mDateTime.setDate(time.isValid() ? date : QDate());
-    mDateTime.setTime(time);
+    const QByteArray eight = bytes.leftJustified(int(sizeof(quint64)), '\0');
+    return CDateTime(qFromLittleEndian<qint64>(eight.constData()), spec);
 }
 
 QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime)

@@ -36,11 +36,12 @@ class QDebug;
 class TLXCORE_EXPORT CDateTime
 {
 public:
-    /// Constructs a null date-time in local time.
-    CDateTime();
+    CDateTime() = default; ///< A null date-time in local time.
 
     /// Wraps `dateTime` as it is.
-    CDateTime(const QDateTime& dateTime);
+    CDateTime(const QDateTime& dateTime)
+        : mDateTime(dateTime)
+    {}
 
     /// Constructs a date-time from the packed form, whose fields are wall-clock fields in `spec`.
     CDateTime(const long long& packed, Qt::TimeSpec spec);
@@ -55,7 +56,7 @@ public:
     virtual ~CDateTime();
 
     /// Takes `dateTime` with its time spec.
-    CDateTime& operator=(const QDateTime& dateTime);
+    CDateTime& operator=(const QDateTime& dateTime) { return *this = CDateTime(dateTime); }
 
     /// Takes the fields of the packed form; the time spec stays.
     CDateTime& operator=(const long long& packed);
@@ -83,16 +84,16 @@ public:
     void setTimeSpec(Qt::TimeSpec spec);
 
     /// Returns the time spec held.
-    Qt::TimeSpec timeSpec() const;
+    Qt::TimeSpec timeSpec() const { return mDateTime.timeSpec(); }
 
     /// Returns true if neither a date nor a time is held.
-    bool isNull() const;
+    bool isNull() const { return mDateTime.isNull(); }
 
     /// Returns true for an existing date and time of day in the time spec held.
-    bool isValid() const;
+    bool isValid() const { return mDateTime.isValid(); }
 
     /// Returns the date-time converted into `spec`.
-    QDateTime toQDateTime(Qt::TimeSpec spec) const;
+    QDateTime toQDateTime(Qt::TimeSpec spec) const { return mDateTime.toTimeSpec(spec); }
 
     /// Returns ISO 8601 text in `spec`, to the second: "2024-03-05T13:07:09Z" in UTC, no suffix in local time. Empty
     /// if not valid.
@@ -112,25 +113,25 @@ public:
     static CDateTime fromI64ByteArray(const QByteArray& bytes, Qt::TimeSpec spec);
 
     /// Compares instants, whatever the time specs, as QDateTime does.
-    bool operator==(const CDateTime& other) const;
+    bool operator==(const CDateTime& other) const { return mDateTime == other.mDateTime; }
     /// The negation of operator==.
-    bool operator!=(const CDateTime& other) const;
+    bool operator!=(const CDateTime& other) const { return mDateTime != other.mDateTime; }
+
+    /// @name Order of instants
+    /// @{
+
     /// Compares instants.
-    bool operator<(const CDateTime& other) const;
-    /// Compares instants.
-    bool operator>(const CDateTime& other) const;
-    /// Compares instants.
-    bool operator<=(const CDateTime& other) const;
-    /// Compares instants.
-    bool operator>=(const CDateTime& other) const;
+    bool operator<(const CDateTime& other) const { return mDateTime < other.mDateTime; }
+    bool operator>(const CDateTime& other) const { return mDateTime > other.mDateTime; }
+    bool operator<=(const CDateTime& other) const { return mDateTime <= other.mDateTime; }
+    bool operator>=(const CDateTime& other) const { return mDateTime >= other.mDateTime; }
+    /// @}
 
 private:
     friend TLXCORE_EXPORT QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime);
     friend TLXCORE_EXPORT QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime);
     friend TLXCORE_EXPORT NQtCompat::THash qHash(const CDateTime& dateTime, NQtCompat::THash seed) noexcept;
     friend TLXCORE_EXPORT QDebug operator<<(QDebug debug, const CDateTime& dateTime);
-
-    void setFields(const QDate& date, const QTime& time);
 
     QDateTime mDateTime;
 };

@@ -1,6 +1,5 @@
 #include <core/text/CStr.h>
 
-#include <core/base/CodeUnits.h>
 #include <core/base/TextScanner.h>
 #include <core/types/TypeTable.h>
 
@@ -91,7 +90,10 @@ int CStr::toUtf16(const QString& text, unsigned short* buffer, int bufferBytes)
 
 QString CStr::fromUtf16(const QByteArray& bytes)
 {
-    return textOfCodeUnits(bytes.constData(), static_cast<int>(bytes.size() / 2));
+    QString text(static_cast<int>(bytes.size() / 2), Qt::Uninitialized);
+    std::memcpy(text.data(), bytes.constData(), static_cast<std::size_t>(text.size()) * sizeof(QChar));
+    const auto end = text.indexOf(QChar(0));
+    return end < 0 ? text : text.left(end);
 }
 
 QString CStr::fromUtf16(const unsigned short* buffer, int bytes)
@@ -100,5 +102,6 @@ QString CStr::fromUtf16(const unsigned short* buffer, int bytes)
         return QString();
     }
     // Nothing after the zero unit is read: the buffer may end there.
-    return textOfCodeUnits(buffer, static_cast<int>(std::find(buffer, buffer + bytes / 2, 0) - buffer));
+    const auto codeUnits = std::find(buffer, buffer + bytes / 2, 0) - buffer;
+    return QString(reinterpret_cast<const QChar*>(buffer), static_cast<int>(codeUnits));
 }

@@ -43,17 +43,10 @@ public:
     /// Returns the name of a value type, "UNKNOWN" (0) to "CHAR" (20); a null text for any other number.
     static QString nTypeToStr(NTypes::ETypes type);
 
-    /**
-     * @name Numbers into a variable
-     * @{
-     */
-    /**
-     * @brief Parses a number of exactly this type.
-     *
-     * @param s The text.
-     * @param out Receives the number; untouched on failure.
-     * @return true if the text is such a number.
-     */
+    /// @name Numbers into a variable
+    /// @{
+
+    /// Parses a number of exactly this type. Returns false and leaves `out` untouched if the text is not such a number.
     static bool strToU8(const QString& s, unsigned char& out, int base);
     static bool strToU16(const QString& s, unsigned short& out, int base);
     static bool strToU32(const QString& s, unsigned int& out, int base);
@@ -64,19 +57,13 @@ public:
     static bool strToI64(const QString& s, long long& out, int base);
     static bool strToF32(const QString& s, float& out);
     static bool strToF64(const QString& s, double& out);
-    /** @} */
+    /// @}
 
-    /**
-     * @name Numbers, 0 on failure
-     * @{
-     */
-    /**
-     * @brief Parses a number of exactly this type.
-     *
-     * @param s The text.
-     * @param ok When not null, receives whether the text is such a number.
-     * @return 0 on failure.
-     */
+    /// @name Numbers, 0 on failure
+    /// @{
+
+    /// Parses a number of exactly this type; returns 0 on failure. `ok`, if not null, receives whether it is such a
+    /// number.
     static unsigned char strToU8(const QString& s, bool* ok, int base);
     static unsigned short strToU16(const QString& s, bool* ok, int base);
     static unsigned int strToU32(const QString& s, bool* ok, int base);
@@ -87,18 +74,12 @@ public:
     static long long strToI64(const QString& s, bool* ok, int base);
     static float strToF32(const QString& s, bool* ok);
     static double strToF64(const QString& s, bool* ok);
-    /** @} */
+    /// @}
 
-    /**
-     * @name Numbers, the fallback on failure
-     * @{
-     */
-    /**
-     * @brief Parses a number of exactly this type. The signed forms parse base 10 only.
-     *
-     * @param fallback The result if the text is not such a number.
-     * @param s The text.
-     */
+    /// @name Numbers, the fallback on failure
+    /// @{
+
+    /// Parses a number of exactly this type; returns the fallback on failure. The signed forms parse base 10 only.
     static unsigned char strToU8(unsigned char fallback, const QString& s, int base);
     static unsigned short strToU16(unsigned short fallback, const QString& s, int base);
     static unsigned int strToU32(unsigned int fallback, const QString& s, int base);
@@ -109,45 +90,29 @@ public:
     static long long strToI64(long long fallback, const QString& s);
     static float strToF32(float fallback, const QString& s);
     static double strToF64(double fallback, const QString& s);
-    /** @} */
+    /// @}
 
-    /**
-     * @brief Returns a fixed-point number as text: integer part, separator and raw fraction bits, in decimal.
-     *
-     * The fraction is not converted into decimal digits: 5 with 2 fraction bits and "." is "1.1".
-     *
-     * @param value The raw number.
-     * @param fracBits The number of low bits that are the fraction; 32 and more: all.
-     * @param sep The separator.
-     */
+    /// Returns a fixed-point number as text: the integer part, the separator and the raw fraction bits, in decimal. The
+    /// fraction, the low `fracBits` bits (32 and more: all), is not converted into decimal digits: 5 with 2 fraction
+    /// bits and "." is "1.1".
     static QString fixPointToStr(unsigned int value, unsigned int fracBits, const QChar& sep);
 
     /**
-     * @brief Parses a text that fixPointToStr() made.
+     * @brief Parses a text that fixPointToStr() made: two decimal numbers of at most 32 bits around the separator.
      *
-     * Bits of the fraction beyond `fracBits`, and bits that leave 32 bits, are dropped.
+     * Bits of the fraction beyond `fracBits`, and bits that leave 32 bits, are dropped. Returns 0 on failure. `ok`, if
+     * not null, receives whether the text has this form.
      *
      * @code
      * bool ok = false;
      * CStr::strToFixPoint(QStringLiteral("3.7"), &ok, 4, QLatin1Char('.'));    // 0x37, ok is true
      * CStr::strToFixPoint(QStringLiteral("3"), &ok, 4, QLatin1Char('.'));      // 0, ok is false
      * @endcode
-     *
-     * @param s Two decimal numbers of at most 32 bits with the separator between them.
-     * @param ok When not null, receives whether the text has this form.
-     * @param fracBits The number of low bits that are the fraction; 32 and more: all.
-     * @param sep The separator.
-     * @return 0 on failure.
      */
     static unsigned int strToFixPoint(const QString& s, bool* ok, unsigned int fracBits, const QChar& sep);
 
-    /**
-     * @brief Returns a number with a fixed count of decimals in the default locale, without group separators.
-     *
-     * @param value The number.
-     * @param precision The decimals, at most 65535: more are not shown. Negative: 6, except
-     * QLocale::FloatingPointShortest, the shortest text that round-trips.
-     */
+    /// Returns a number with `precision` decimals, at most 65535, in the default locale, without group separators. A
+    /// negative precision is 6, except QLocale::FloatingPointShortest, the shortest text that round-trips.
     static QString doubleToString(double value, int precision);
 
     /// Returns "[ V%1 ]" with the version, and " - %1" with the extra text if that is not empty.
@@ -160,23 +125,12 @@ public:
     /// Returns a compiler's build date in the locale's short format; empty if the text is not a date.
     static QString createDate(const QLocale& locale, const QString& compilerDate);
 
-    /**
-     * @brief Parses a compiler's __DATE__.
-     *
-     * @param compilerDate English month abbreviation, day, year, separated by blanks: "Nov  5 2026".
-     * @return An invalid date if the text has another form.
-     */
+    /// Parses a compiler's __DATE__: English month abbreviation, day, year, separated by blanks: "Nov  5 2026". Returns
+    /// an invalid date for a text of another form.
     static QDate createQDateFrom__DATE__(const QString& compilerDate);
 
-    /**
-     * @brief Returns the title of a tool: "%1 - %2 - %3" with its name, the company's long name and getVersionString().
-     *
-     * @param locale The locale of the date.
-     * @param date The build date, a compiler's __DATE__.
-     * @param name The tool's name.
-     * @param version The tool's version.
-     * @param extra Appended to the version if not empty.
-     */
+    /// Returns the title of a tool: "%1 - %2 - %3" with its name, the company's long name and getVersionString(). The
+    /// date is a compiler's __DATE__.
     static QString createApplicationTitle(const QLocale& locale, const QString& date, const QString& name,
                                           const QString& version, const QString& extra);
 
@@ -185,10 +139,7 @@ public:
      * " - [ Build " with the build number, " - " and the build date in ISO 8601 form, and " ]".
      *
      * @param locale Not used.
-     * @param name The tool's name.
-     * @param version The tool's version.
-     * @param compilerDate The build date, a compiler's __DATE__; another text leaves its place empty.
-     * @param build The build number.
+     * @param compilerDate A compiler's __DATE__; another text leaves its place empty.
      */
     static QString createShortApplicationTitle(const QLocale& locale, const QString& name,
                                                const QString& version, const QString& compilerDate,
@@ -204,7 +155,6 @@ public:
     /**
      * @brief Shortens a text to maxLength characters; a cut text ends in " ...".
      *
-     * @param text The text.
      * @param maxLength The longest length of the result; below 4 a cut text is " ...".
      * @param wasCut Receives whether the text was cut.
      * @param atBlank Cut at the last blank before the limit, if any.
@@ -233,7 +183,6 @@ public:
     /**
      * @brief Splits "major.minor" or "major" into decimal numbers.
      *
-     * @param text The text.
      * @param major Receives the first number, 0 if it is not one; untouched if there are more than two parts.
      * @param minor Receives the second number, 0 if it is missing or not one.
      * @return true if every part is a number.
@@ -243,14 +192,8 @@ public:
     /// Returns a serial number in groups from the left, one digit, then three each: "1 234 567 890", "1 234 5".
     static QString serialToString(unsigned int serial);
 
-    /**
-     * @brief Returns a size in bytes in a readable unit, such as "10.0 KiB".
-     *
-     * A unit is used once the value reaches ten of it: 10240 is "10.0 KiB". Smaller and negative sizes are in "Byte".
-     * "KiB" to "TiB" have one decimal and a point, "PiB" none.
-     *
-     * @param bytes The size.
-     */
+    /// Returns a size in bytes in a readable unit, which is used once the value reaches ten of it: 10240 is "10.0 KiB".
+    /// Smaller and negative sizes are in "Byte". "KiB" to "TiB" have one decimal and a point, "PiB" none.
     static QString memSizeToString(long long bytes);
 
     /**
@@ -261,13 +204,8 @@ public:
      */
     static QString createLogFileName(QString baseName, bool withThreadId);
 
-    /**
-     * @brief Returns true if a stream could be read; otherwise sets a message for the user.
-     *
-     * @param stream The stream that was read from.
-     * @param valueName What was read.
-     * @param message Receives the message, translated in the context "CStr"; untouched if the status is Ok.
-     */
+    /// Returns true if a stream could be read. Otherwise sets a message for the user, which names what was read and is
+    /// translated in the context "CStr".
     static bool inStreamStatus(const QDataStream& stream, const QString& valueName, QString& message);
 
     /**
@@ -278,14 +216,8 @@ public:
      */
     static int indexOfAmpersand(const QString& text);
 
-    /**
-     * @brief Copies the UTF-16 code units of a text into a buffer, as many as fit, and a terminator if there is room.
-     *
-     * @param text The text.
-     * @param buffer The buffer; may be null.
-     * @param bufferBytes Its size in bytes.
-     * @return The number of code units written, without the terminator.
-     */
+    /// Copies the UTF-16 code units of a text into a buffer, which may be null, as many as fit, and a terminator if
+    /// there is room. Returns the number of code units written, without the terminator.
     static int toUtf16(const QString& text, unsigned short* buffer, int bufferBytes);
 
     /// Returns the text of UTF-16 code units in the machine's byte order, up to the first zero. An odd last byte is

@@ -56,10 +56,7 @@ T orZero(const QString& s, bool* ok, int base)
 {
     bool good = false;
     const T value = readNumber<T>(s, good, base);
-    if (ok) {
-        *ok = good;
-    }
-    return value;
+    return answer(ok, good, value);
 }
 
 template <typename T>
@@ -77,6 +74,7 @@ quint32 fractionMask(unsigned int fracBits)
 
 } // namespace
 
+// NOLINTBEGIN(bugprone-macro-parentheses): types take none
 // The three forms of one integer type. The signed fallback form has no base: callers rely on base 10 there.
 #define TLX_INTEGER_FORMS(Name, Type)                                                                        \
     bool CStr::Name(const QString& s, Type& out, int base)                                                   \
@@ -111,6 +109,8 @@ quint32 fractionMask(unsigned int fracBits)
         return orZero<Type>(s, ok, 10);                                                                      \
     }                                                                                                        \
     TLX_DECIMAL_FALLBACK(Name, Type)
+
+// NOLINTEND(bugprone-macro-parentheses)
 
 TLX_UNSIGNED_FORMS(strToU8, unsigned char)
 TLX_UNSIGNED_FORMS(strToU16, unsigned short)
@@ -147,10 +147,7 @@ unsigned int CStr::strToFixPoint(const QString& s, bool* ok, unsigned int fracBi
         good = good && goodFraction;
         value = (fraction & fractionMask(fracBits)) | (fracBits < 32 ? integer << fracBits : 0U);
     }
-    if (ok) {
-        *ok = good;
-    }
-    return good ? value : 0U;
+    return answer(ok, good, value);
 }
 
 QString CStr::doubleToString(double value, int precision)

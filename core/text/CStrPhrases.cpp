@@ -24,11 +24,20 @@ QString twoNumbers(unsigned int major, unsigned int minor, int minorDigits)
            + QString::number(minor).rightJustified(minorDigits, QLatin1Char('0'));
 }
 
-// Both halves of a revision, each in [0, limit].
-bool splitRevision(const QString& text, int limit, int& major, int& minor)
+// A revision is two numbers of half its width.
+template <typename T>
+bool readRevision(const QString& text, T& revision)
 {
-    const auto isHalf = [limit](int number) { return number >= 0 && number <= limit; };
-    return CStr::_splitStringAtDot(text, major, minor) && isHalf(major) && isHalf(minor);
+    constexpr int HALF = 4 * int(sizeof(T));
+    const auto isHalf = [](int number) { return number >= 0 && number < (1 << HALF); };
+    int major = 0;
+    int minor = 0;
+    const bool ok = CStr::_splitStringAtDot(text, major, minor) && isHalf(major) && isHalf(minor);
+    if (ok) {
+        revision =
+            static_cast<T>(static_cast<unsigned int>(major) << HALF | static_cast<unsigned int>(minor));
+    }
+    return ok;
 }
 
 constexpr struct
@@ -114,24 +123,12 @@ QString CStr::revisionToString(unsigned short revision)
 
 bool CStr::stringToRevision(QString text, unsigned int& revision)
 {
-    int major = 0;
-    int minor = 0;
-    const bool ok = splitRevision(text, 65535, major, minor);
-    if (ok) {
-        revision = static_cast<unsigned int>(major) << 16 | static_cast<unsigned int>(minor);
-    }
-    return ok;
+    return readRevision(text, revision);
 }
 
 bool CStr::stringToRevision(QString text, unsigned short& revision)
 {
-    int major = 0;
-    int minor = 0;
-    const bool ok = splitRevision(text, 255, major, minor);
-    if (ok) {
-        revision = static_cast<unsigned short>(major << 8 | minor);
-    }
-    return ok;
+    return readRevision(text, revision);
 }
 
 bool CStr::_splitStringAtDot(QString text, int& major, int& minor)

@@ -11,11 +11,10 @@
 #include <algorithm>
 #include <cmath>
 
-class CTimeData : public QSharedData
+struct CTime::SData : QSharedData
 {
-public:
     quint64 value = 0;
-    CTime::ETimeUnit unit = CTime::UNIT_UNKNOWN;
+    ETimeUnit unit = UNIT_UNKNOWN;
 };
 
 const QHash<QString, CTime::ETimeUnit> CTime::mUnitHash TLX_INIT_EARLY = CTime::createUnitHash();
@@ -63,7 +62,7 @@ QHash<QString, CTime::ETimeUnit> CTime::createUnitHash()
 }
 
 CTime::CTime()
-    : d(new CTimeData)
+    : d(new SData)
 {}
 
 CTime::CTime(unsigned long long value, ETimeUnit unit)
@@ -94,46 +93,11 @@ CTime::ETimeUnit CTime::unit() const
     return d->unit;
 }
 
-void CTime::setValue(unsigned long long value)
-{
-    d->value = value;
-}
-
-void CTime::setUnit(ETimeUnit unit)
-{
-    d->unit = unit;
-}
-
 void CTime::setValue(unsigned long long value, ETimeUnit unit)
 {
-    CTimeData& data = *d;
+    SData& data = *d;
     data.value = value;
     data.unit = unit;
-}
-
-bool CTime::isValid() const
-{
-    return d->unit >= UNIT_NS && d->unit <= UNIT_H;
-}
-
-unsigned long long CTime::toNS() const
-{
-    return value(UNIT_NS);
-}
-
-unsigned long long CTime::toMS() const
-{
-    return value(UNIT_MS);
-}
-
-unsigned long long CTime::toS() const
-{
-    return value(UNIT_S);
-}
-
-void CTime::fromValue(const CTime& other)
-{
-    setValue(other.value(unit()));
 }
 
 bool CTime::convertToPrevIntegerValue(long long& value, ETimeUnit& unit) const
@@ -175,46 +139,6 @@ double CTime::convertValue(const double& value, ETimeUnit from, ETimeUnit to)
 double CTime::toS(const double& value, ETimeUnit unit)
 {
     return value * secondsOf(unit);
-}
-
-QString CTime::unitStr(ETimeUnit unit)
-{
-    return mUnitHash.key(unit);
-}
-
-CTime::ETimeUnit CTime::unit(const QString& text)
-{
-    return mUnitHash.value(text.toLower(), UNIT_UNKNOWN);
-}
-
-bool CTime::operator==(const CTime& other) const
-{
-    return d == other.d || toNS() == other.toNS();
-}
-
-bool CTime::operator!=(const CTime& other) const
-{
-    return !(*this == other);
-}
-
-bool CTime::operator<(const CTime& other) const
-{
-    return toNS() < other.toNS();
-}
-
-bool CTime::operator>(const CTime& other) const
-{
-    return toNS() > other.toNS();
-}
-
-bool CTime::operator<=(const CTime& other) const
-{
-    return toNS() <= other.toNS();
-}
-
-bool CTime::operator>=(const CTime& other) const
-{
-    return toNS() >= other.toNS();
 }
 
 CTime operator+(const CTime& a, const CTime& b)

@@ -9,7 +9,6 @@
 #include <QSharedDataPointer>
 #include <QString>
 
-class CTimeData;
 class QDataStream;
 class QDebug;
 
@@ -75,25 +74,19 @@ public:
     /// Returns the unit held.
     ETimeUnit unit() const;
 
-    /// Sets the count; the unit stays.
-    void setValue(unsigned long long value);
-    /// Sets the unit; the count stays as it is.
-    void setUnit(ETimeUnit unit);
-    /// Sets the count and the unit.
-    void setValue(unsigned long long value, ETimeUnit unit);
+    void setValue(unsigned long long value) { setValue(value, unit()); } ///< Sets the count; the unit stays.
+    void setUnit(ETimeUnit unit) { setValue(value(), unit); } ///< Sets the unit; the count stays as it is.
+    void setValue(unsigned long long value, ETimeUnit unit);  ///< Sets the count and the unit.
 
     /// Returns true for nanoseconds to hours. A duration in picoseconds is not valid.
-    bool isValid() const;
+    bool isValid() const { return unit() >= UNIT_NS && unit() <= UNIT_H; }
 
-    /// Returns value() in nanoseconds.
-    unsigned long long toNS() const;
-    /// Returns value() in milliseconds.
-    unsigned long long toMS() const;
-    /// Returns value() in seconds.
-    unsigned long long toS() const;
+    unsigned long long toNS() const { return value(UNIT_NS); } ///< Returns value() in nanoseconds.
+    unsigned long long toMS() const { return value(UNIT_MS); } ///< Returns value() in milliseconds.
+    unsigned long long toS() const { return value(UNIT_S); }   ///< Returns value() in seconds.
 
     /// Takes the duration of `other` and counts it in this object's unit, rounded half away from zero.
-    void fromValue(const CTime& other);
+    void fromValue(const CTime& other) { setValue(other.value(unit())); }
 
     /// Calls the static convertToPrevIntegerValue() with the count, as a signed number, and the unit.
     bool convertToPrevIntegerValue(long long& value, ETimeUnit& unit) const;
@@ -124,26 +117,30 @@ public:
     static double toS(const double& value, ETimeUnit unit);
 
     /// Returns the unit's text; empty for an unknown unit.
-    static QString unitStr(ETimeUnit unit);
+    static QString unitStr(ETimeUnit unit) { return mUnitHash.key(unit); }
 
     /// Returns the unit of a text, ignoring its case (QString::toLower()); UNIT_UNKNOWN for any other text.
-    static ETimeUnit unit(const QString& text);
+    static ETimeUnit unit(const QString& text) { return mUnitHash.value(text.toLower(), UNIT_UNKNOWN); }
 
     /// Compares two durations in whole nanoseconds, also if their units are equal: 1 ps equals 2 ps.
-    bool operator==(const CTime& other) const;
+    bool operator==(const CTime& other) const { return toNS() == other.toNS(); }
     /// The negation of operator==.
-    bool operator!=(const CTime& other) const;
+    bool operator!=(const CTime& other) const { return toNS() != other.toNS(); }
+
+    /// @name Order of durations
+    /// @{
+
     /// Compares in whole nanoseconds.
-    bool operator<(const CTime& other) const;
-    /// Compares in whole nanoseconds.
-    bool operator>(const CTime& other) const;
-    /// Compares in whole nanoseconds.
-    bool operator<=(const CTime& other) const;
-    /// Compares in whole nanoseconds.
-    bool operator>=(const CTime& other) const;
+    bool operator<(const CTime& other) const { return toNS() < other.toNS(); }
+    bool operator>(const CTime& other) const { return toNS() > other.toNS(); }
+    bool operator<=(const CTime& other) const { return toNS() <= other.toNS(); }
+    bool operator>=(const CTime& other) const { return toNS() >= other.toNS(); }
+    /// @}
 
 private:
-    QSharedDataPointer<CTimeData> d;
+    struct SData;
+
+    QSharedDataPointer<SData> d;
 };
 
 /**

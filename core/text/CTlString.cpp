@@ -106,63 +106,23 @@ QString integerText(Wide value, SFormatValue format)
                                                           : bitNotationText(value, format);
 }
 
-QString floatText(double value, SFormatValue format)
-{
-    return format.notation == CTlString::NOTATION_DECIMAL
-               ? doubleText(value, format)
-               : bitNotationText(floatToInteger<qint64>(value), format);
-}
-
 } // namespace
-
-QString CTlString::toStr(const signed char& value, unsigned int format)
-{
-    return integerText<qint64>(value, format);
-}
-
-QString CTlString::toStr(const unsigned char& value, unsigned int format)
-{
-    return integerText<quint64>(value, format);
-}
-
-QString CTlString::toStr(const short& value, unsigned int format)
-{
-    return integerText<qint64>(value, format);
-}
-
-QString CTlString::toStr(const unsigned short& value, unsigned int format)
-{
-    return integerText<quint64>(value, format);
-}
-
-QString CTlString::toStr(const int& value, unsigned int format)
-{
-    return integerText<qint64>(value, format);
-}
-
-QString CTlString::toStr(const unsigned int& value, unsigned int format)
-{
-    return integerText<quint64>(value, format);
-}
 
 QString CTlString::toStr(const long long& value, unsigned int format)
 {
-    return integerText<qint64>(value, format);
+    return integerText(value, format);
 }
 
 QString CTlString::toStr(const unsigned long long& value, unsigned int format)
 {
-    return integerText<quint64>(value, format);
-}
-
-QString CTlString::toStr(const float& value, unsigned int format)
-{
-    return floatText(static_cast<double>(value), format);
+    return integerText(value, format);
 }
 
 QString CTlString::toStr(const double& value, unsigned int format)
 {
-    return floatText(value, format);
+    const SFormatValue asked = format;
+    return asked.notation == NOTATION_DECIMAL ? doubleText(value, asked)
+                                              : bitNotationText(floatToInteger<qint64>(value), asked);
 }
 
 QString CTlString::insertPointSeparator(const QString& s)

@@ -91,10 +91,9 @@ public:
         }
     };
 
-    /**
-     * @name Printing
-     * @{
-     */
+    /// @name Printing
+    /// @{
+
     /**
      * @brief Returns the text of a number.
      *
@@ -107,26 +106,35 @@ public:
      * In the last three, floating-point numbers are first truncated to a signed 64-bit number; NaN and out-of-range
      * values print as -2^63.
      *
-     * @param value The number.
-     * @param format A SFormatValue or its packed form.
-     * @return An empty text for an unknown notation.
+     * The format is a SFormatValue or its packed form. An unknown notation prints an empty text.
      */
-    static QString toStr(const signed char& value, unsigned int format);
-    static QString toStr(const unsigned char& value, unsigned int format);
-    static QString toStr(const short& value, unsigned int format);
-    static QString toStr(const unsigned short& value, unsigned int format);
-    static QString toStr(const int& value, unsigned int format);
-    static QString toStr(const unsigned int& value, unsigned int format);
+    static QString toStr(const signed char& value, unsigned int format)
+    {
+        return toStr(qint64(value), format);
+    }
+    static QString toStr(const unsigned char& value, unsigned int format)
+    {
+        return toStr(quint64(value), format);
+    }
+    static QString toStr(const short& value, unsigned int format) { return toStr(qint64(value), format); }
+    static QString toStr(const unsigned short& value, unsigned int format)
+    {
+        return toStr(quint64(value), format);
+    }
+    static QString toStr(const int& value, unsigned int format) { return toStr(qint64(value), format); }
+    static QString toStr(const unsigned int& value, unsigned int format)
+    {
+        return toStr(quint64(value), format);
+    }
     static QString toStr(const long long& value, unsigned int format);
     static QString toStr(const unsigned long long& value, unsigned int format);
-    static QString toStr(const float& value, unsigned int format);
+    static QString toStr(const float& value, unsigned int format) { return toStr(double(value), format); }
     static QString toStr(const double& value, unsigned int format);
-    /** @} */
+    /// @}
 
-    /**
-     * @name Parsing integers
-     * @{
-     */
+    /// @name Parsing integers
+    /// @{
+
     /**
      * @brief Parses an integer and multiplies it by a factor.
      *
@@ -143,11 +151,7 @@ public:
      * Products are truncated toward zero. Beyond a signed 64-bit number, for toU64() also beyond an unsigned one, they are
      * the bits of -2^63.
      *
-     * @param s The text.
-     * @param format A SFormatValue or its packed form.
-     * @param factor The factor.
-     * @param ok If not null, receives whether the text was a number.
-     * @return 0 if the text was not a number.
+     * Returns 0 if the text was not a number. `ok`, if not null, receives whether it was.
      */
     static qint8 toI8(const QString& s, unsigned int format, double factor, bool* ok);
     static quint8 toU8(const QString& s, unsigned int format, double factor, bool* ok);
@@ -157,24 +161,16 @@ public:
     static quint32 toU32(const QString& s, unsigned int format, double factor, bool* ok);
     static qint64 toI64(const QString& s, unsigned int format, double factor, bool* ok);
     static quint64 toU64(const QString& s, unsigned int format, double factor, bool* ok);
-    /** @} */
+    /// @}
 
-    /**
-     * @name Parsing floating-point numbers
-     * @{
-     */
-    /**
-     * @brief Parses a decimal number with a point and multiplies it by a factor.
-     *
-     * @param s The text.
-     * @param format Not used.
-     * @param factor The factor.
-     * @param ok If not null, receives whether the text was a number in the type's range.
-     * @return 0 if it was not.
-     */
+    /// @name Parsing floating-point numbers
+    /// @{
+
+    /// Parses a decimal number with a point and multiplies it by a factor; 0 on failure. The format is not used. `ok`,
+    /// if not null, receives whether the text was a number in the type's range.
     static float toF32(const QString& s, unsigned int format, double factor, bool* ok);
     static double toF64(const QString& s, unsigned int format, double factor, bool* ok);
-    /** @} */
+    /// @}
 
     /// Inserts a "." between every four characters, counted from the right.
     static QString insertPointSeparator(const QString& s);

@@ -94,11 +94,9 @@ T readInteger(const QString& text, SFormatValue format, double factor, bool* ok)
     using Wide = std::conditional_t<std::is_signed<T>::value, qint64, quint64>;
     bool good = false;
     const quint64 bits = text.isEmpty() ? 0 : notationBits<T>(text, format, factor, good);
-    if (ok) {
-        *ok = good;
-    }
     // Cut, not range-checked: "ff" is what -1 prints as in two hexadecimal digits.
-    return good ? static_cast<T>(NNumberText::shifted(static_cast<Wide>(bits), -format.preShift)) : T(0);
+    const Wide number = NNumberText::shifted(static_cast<Wide>(bits), -format.preShift);
+    return NNumberReading::answer(ok, good, static_cast<T>(number));
 }
 
 } // namespace
@@ -148,10 +146,7 @@ float CTlString::toF32(const QString& s, unsigned int format, double factor, boo
     Q_UNUSED(format)
     bool good = false;
     const float value = NNumberReading::readFloat(s, good);
-    if (ok) {
-        *ok = good;
-    }
-    return good ? static_cast<float>(static_cast<double>(value) * factor) : 0.0F;
+    return NNumberReading::answer(ok, good, static_cast<float>(static_cast<double>(value) * factor));
 }
 
 double CTlString::toF64(const QString& s, unsigned int format, double factor, bool* ok)
@@ -159,8 +154,5 @@ double CTlString::toF64(const QString& s, unsigned int format, double factor, bo
     Q_UNUSED(format)
     bool good = false;
     const double value = NNumberReading::readDouble(s, good);
-    if (ok) {
-        *ok = good;
-    }
-    return good ? value * factor : 0.0;
+    return NNumberReading::answer(ok, good, value * factor);
 }

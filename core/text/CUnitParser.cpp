@@ -68,16 +68,6 @@ NUnits::EObjectUnit CUnitParser::strToUnit(const QString& text, bool* ok)
     return isUnit(unit, ok) ? static_cast<EObjectUnit>(unit) : NUnits::UNIT_UNKNOWN;
 }
 
-bool CUnitParser::checkUnitStr(const QString& text)
-{
-    return text.startsWith(QLatin1String("UNIT"));
-}
-
-NTypes::ETypes CUnitParser::type(NUnits::EObjectUnit unit, bool* ok)
-{
-    return type(static_cast<unsigned int>(unit), ok);
-}
-
 NTypes::ETypes CUnitParser::type(unsigned int unit, bool* ok)
 {
     return isUnit(unit, ok) ? typeOf(UNIT_TABLE[unit]) : NTypes::TYPE_UNKNOWN;
@@ -88,19 +78,9 @@ NTypes::ETypes CUnitParser::type(const QString& text, bool* ok)
     return checkUnitStr(text) ? type(findUnit(text), ok) : NTypes::TYPE_UNKNOWN;
 }
 
-int CUnitParser::size(NUnits::EObjectUnit unit, bool* ok)
-{
-    return size(static_cast<unsigned int>(unit), ok);
-}
-
 int CUnitParser::size(unsigned int unit, bool* ok)
 {
     return isUnit(unit, ok) ? UNIT_TABLE[unit].size : 0;
-}
-
-int CUnitParser::size(const QString& text, bool* ok)
-{
-    return size(strToUnit(text), ok);
 }
 
 QMap<NUnits::EObjectUnit, QString> CUnitParser::initUnitToStr()

@@ -46,38 +46,31 @@ public:
     static NUnits::EObjectUnit strToUnit(const QString& text, bool* ok = nullptr);
 
     /// Returns true if the text begins with "UNIT".
-    static bool checkUnitStr(const QString& text);
+    static bool checkUnitStr(const QString& text) { return text.startsWith(QLatin1String("UNIT")); }
 
-    /**
-     * @brief Returns the type of the unit's values; TYPE_UNKNOWN for an unknown unit.
-     *
-     * UNIT_UNKNOWN and UNIT_F80 are units whose type is TYPE_UNKNOWN: `ok` is true.
-     */
-    static NTypes::ETypes type(NUnits::EObjectUnit unit, bool* ok = nullptr);
+    /// @name Value type
+    /// @{
 
-    /// As type(NUnits::EObjectUnit, bool*), for a number.
+    /// Returns the type of the unit's values; TYPE_UNKNOWN for an unknown unit, and for UNIT_UNKNOWN and UNIT_F80,
+    /// which are known. For a name that does not begin with "UNIT", `ok` is unchanged.
+    static NTypes::ETypes type(NUnits::EObjectUnit unit, bool* ok = nullptr) { return type(uint(unit), ok); }
     static NTypes::ETypes type(unsigned int unit, bool* ok = nullptr);
-
-    /// As type(NUnits::EObjectUnit, bool*), for a name. If it does not begin with "UNIT", `ok` is unchanged.
     static NTypes::ETypes type(const QString& text, bool* ok = nullptr);
+    /// @}
 
-    /// Returns the size of the unit's values on the device in bytes; 0 for an unknown unit.
-    static int size(NUnits::EObjectUnit unit, bool* ok = nullptr);
+    /// @name Size
+    /// @{
 
-    /// As size(NUnits::EObjectUnit, bool*), for a number.
+    /// Returns the size of the unit's values on the device in bytes; 0 for an unknown unit. An unknown name is
+    /// UNIT_UNKNOWN, so that `ok` is true.
+    static int size(NUnits::EObjectUnit unit, bool* ok = nullptr) { return size(uint(unit), ok); }
     static int size(unsigned int unit, bool* ok = nullptr);
+    static int size(const QString& text, bool* ok = nullptr) { return size(strToUnit(text), ok); }
+    /// @}
 
-    /// As size(NUnits::EObjectUnit, bool*), for a name. Of an unknown name it is 0, and `ok` is true.
-    static int size(const QString& text, bool* ok = nullptr);
-
-    /// Returns the map from units to names.
-    static QMap<NUnits::EObjectUnit, QString> initUnitToStr();
-
-    /// Returns the map from names to units.
-    static QHash<QString, NUnits::EObjectUnit> initStrToUnit();
-
-    /// Returns the map from names of value types to types.
-    static QMap<QString, NTypes::ETypes> initTypeMap();
+    static QMap<NUnits::EObjectUnit, QString> initUnitToStr();  ///< Returns the map from units to names.
+    static QHash<QString, NUnits::EObjectUnit> initStrToUnit(); ///< Returns the map from names to units.
+    static QMap<QString, NTypes::ETypes> initTypeMap();         ///< Returns the map from type names to types.
 };
 
 #endif // TLXCORE_CUNITPARSER_H

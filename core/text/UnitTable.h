@@ -11,14 +11,14 @@ using namespace NUnits;
 struct SUnitInfo
 {
     EObjectUnit unit;
-    const char* name;
     quint16 size;    // bytes of the stored value
     quint16 storage; // the basic unit whose representation the value has
+    const char* name;
 };
 
 #define TLX_UNIT(unit, size, storage)                                                                        \
     {                                                                                                        \
-        unit, #unit, size, storage                                                                           \
+        unit, size, storage, #unit                                                                           \
     }
 
 constexpr SUnitInfo UNIT_TABLE[] = {
