@@ -113,49 +113,51 @@ void tst_CTime::validUnits()
 
 void tst_CTime::unitTexts_data()
 {
-    QTest::addColumn<int>("unit");
+    QTest::addColumn<CTime::ETimeUnit>("unit");
     QTest::addColumn<QString>("text");
 
-    QTest::newRow("ps") << 0 << QStringLiteral("ps");
-    QTest::newRow("ns") << 1 << QStringLiteral("ns");
-    QTest::newRow("micro sign") << 2 << QString(QChar(0x00B5)) + QLatin1Char('s');
-    QTest::newRow("ms") << 3 << QStringLiteral("ms");
-    QTest::newRow("s") << 4 << QStringLiteral("s");
-    QTest::newRow("min") << 5 << QStringLiteral("min");
-    QTest::newRow("h") << 6 << QStringLiteral("h");
+    QTest::newRow("ps") << CTime::UNIT_PS << QStringLiteral("ps");
+    QTest::newRow("ns") << CTime::UNIT_NS << QStringLiteral("ns");
+    QTest::newRow("micro sign") << CTime::UNIT_US << QString(QChar(0x00B5)) + QLatin1Char('s');
+    QTest::newRow("ms") << CTime::UNIT_MS << QStringLiteral("ms");
+    QTest::newRow("s") << CTime::UNIT_S << QStringLiteral("s");
+    QTest::newRow("min") << CTime::UNIT_MIN << QStringLiteral("min");
+    QTest::newRow("h") << CTime::UNIT_H << QStringLiteral("h");
 }
 
 void tst_CTime::unitTexts()
 {
-    QFETCH(int, unit);
+    QFETCH(CTime::ETimeUnit, unit);
     QFETCH(QString, text);
 
-    QCOMPARE(CTime::unitStr(unitOf(unit)), text);
-    QCOMPARE(CTime::unit(text), unitOf(unit));
-    QCOMPARE(CTime::mUnitHash.value(text, CTime::UNIT_UNKNOWN), unitOf(unit));
+    QCOMPARE(CTime::unitStr(unit), text);
+    QCOMPARE(CTime::unit(text), unit);
+    QCOMPARE(CTime::mUnitHash.value(text, CTime::UNIT_UNKNOWN), unit);
 }
 
 void tst_CTime::textOfNoUnit_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("unit");
+    QTest::addColumn<CTime::ETimeUnit>("unit");
 
-    QTest::newRow("upper case") << QStringLiteral("MS") << 3;
-    QTest::newRow("mixed case") << QStringLiteral("Min") << 5;
-    QTest::newRow("micro sign and S") << QString(QChar(0x00B5)) + QLatin1Char('S') << 2;
-    QTest::newRow("greek mu is another letter") << QString(QChar(0x03BC)) + QLatin1Char('s') << 7;
-    QTest::newRow("capital mu becomes the greek mu") << QString(QChar(0x039C)) + QLatin1Char('s') << 7;
-    QTest::newRow("sec") << QStringLiteral("sec") << 7;
-    QTest::newRow("blank") << QStringLiteral(" s") << 7;
-    QTest::newRow("empty") << QString() << 7;
+    QTest::newRow("upper case") << QStringLiteral("MS") << CTime::UNIT_MS;
+    QTest::newRow("mixed case") << QStringLiteral("Min") << CTime::UNIT_MIN;
+    QTest::newRow("micro sign and S") << QString(QChar(0x00B5)) + QLatin1Char('S') << CTime::UNIT_US;
+    QTest::newRow("greek mu is another letter")
+        << QString(QChar(0x03BC)) + QLatin1Char('s') << CTime::UNIT_UNKNOWN;
+    QTest::newRow("capital mu becomes the greek mu")
+        << QString(QChar(0x039C)) + QLatin1Char('s') << CTime::UNIT_UNKNOWN;
+    QTest::newRow("sec") << QStringLiteral("sec") << CTime::UNIT_UNKNOWN;
+    QTest::newRow("blank") << QStringLiteral(" s") << CTime::UNIT_UNKNOWN;
+    QTest::newRow("empty") << QString() << CTime::UNIT_UNKNOWN;
 }
 
 void tst_CTime::textOfNoUnit()
 {
     QFETCH(QString, text);
-    QFETCH(int, unit);
+    QFETCH(CTime::ETimeUnit, unit);
 
-    QCOMPARE(CTime::unit(text), unitOf(unit));
+    QCOMPARE(CTime::unit(text), unit);
 }
 
 void tst_CTime::unitHash()
