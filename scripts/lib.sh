@@ -21,7 +21,7 @@ need_packages() {
 BUILD_PACKAGES=(g++ cmake ninja-build qtbase5-dev qttools5-dev)
 QT6_PACKAGES=(qt6-base-dev qt6-5compat-dev qt6-tools-dev qt6-l10n-tools)
 TEST_PACKAGES=("${BUILD_PACKAGES[@]}" "${QT6_PACKAGES[@]}" python3 zsh fish pkg-config doxygen graphviz doxygen-awesome-css chromium-driver python3-selenium
-    locales tzdata clang clang-format libarchive-tools gdb)
+    locales tzdata clang clang-format clang-tidy libarchive-tools gdb)
 BENCH_PACKAGES=(libbenchmark-dev zlib1g-dev libdeflate-dev python3 libarchive-dev libkf5archive-dev)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm libarchive-dev)
 PACKAGE_PACKAGES=(build-essential debhelper dpkg-dev file gdb lintian doxygen graphviz doxygen-awesome-css)
