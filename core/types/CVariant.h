@@ -349,7 +349,7 @@ private:
     template <typename T>
     CVariant& set(const T& value, NTypes::ETypes type)
     {
-        if (mValue.isNull()) {
+        if (QT_VERSION >= QT_VERSION_CHECK(6, 0, 0) && mValue.isNull()) {
             mValue.clear();
         }
         mValue.setValue(value);
