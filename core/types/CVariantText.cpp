@@ -104,6 +104,8 @@ void showCompared(QDebug& debug, const CVariant& value)
             debug << floatText(compared);
         } else if constexpr (IS_DATE_TIME<T>) {
             debug << unpack(compared);
+        } else if constexpr (IS_INTEGER<T>) {
+            debug << integerText(compared);
         } else {
             debug << compared;
         }
