@@ -5,15 +5,6 @@
 #include <QDateTime>
 #include <QtEndian>
 
-namespace {
-
-constexpr quint32 POWERS_OF_TEN[] = {1,      10,      100,      1000,      10000,
-                                     100000, 1000000, 10000000, 100000000, 1000000000};
-constexpr qint32 POWER_COUNT = static_cast<qint32>(sizeof(POWERS_OF_TEN) / sizeof(POWERS_OF_TEN[0]));
-constexpr quint32 SIGN_BIT = 0x80000000u;
-
-} // namespace
-
 CHmac::CHmac(QCryptographicHash::Algorithm algorithm, const QByteArray& key)
     : mCode(algorithm, key)
 {}
@@ -33,12 +24,17 @@ QByteArray CHmac::hmacSha1(const QByteArray& message, const QByteArray& key)
 
 quint32 CHmac::hotp(const QByteArray& code, qint32 digits)
 {
-    if (code.size() < static_cast<int>(sizeof(quint32)) || digits < 0) {
+    constexpr quint32 SIGN_BIT = 0x80000000u;
+    if (code.size() < static_cast<int>(sizeof(quint32))) {
         return 0;
     }
     const quint32 bits = qFromLittleEndian<quint32>(code.constData());
     const quint32 number = (bits >> 1) | (bits & SIGN_BIT); // an arithmetic shift, on every compiler
-    return digits < POWER_COUNT ? number % POWERS_OF_TEN[digits] : number;
+    quint64 modulus = 1;
+    for (qint32 i = 0; i < digits && modulus <= number; ++i) {
+        modulus *= 10;
+    }
+    return static_cast<quint32>(number % modulus);
 }
 
 quint32 CHmac::totp(const QByteArray& key, quint64 t0, quint32 step, qint32 digits)
