@@ -1,6 +1,7 @@
 #ifndef TLXCORE_QTCOMPAT_H
 #define TLXCORE_QTCOMPAT_H
 
+#include <QDebug>
 #include <QMap>
 
 /// What Qt 5 and Qt 6 have under different names. The same interface is built with both.
@@ -57,6 +58,19 @@ public:
     /// The first value of the key, or a default one.
     Value operator[](const Key& key) const { return this->value(key); }
 };
+
+/// Shows the entries as Qt 5 shows those of a QMap.
+template <typename Key, typename Value>
+QDebug operator<<(QDebug debug, const TMap<Key, Value>& map)
+{
+    const QDebugStateSaver saver(debug);
+    debug.nospace() << "QMap(";
+    for (auto entry = map.constBegin(); entry != map.constEnd(); ++entry) {
+        debug << '(' << entry.key() << ", " << entry.value() << ')';
+    }
+    debug << ')';
+    return debug;
+}
 
 #else
 

@@ -1,6 +1,7 @@
 #include <core/text/CDateTime.h>
 
 #include <core/base/QtReady.h>
+#include <core/base/QtZones.h>
 #include <core/types/DateTimeStream.h>
 #include <core/types/PackedDateTime.h>
 
@@ -103,6 +104,11 @@ void CDateTime::setTimeSpec(Qt::TimeSpec spec)
     }
 }
 
+QDateTime CDateTime::toQDateTime(Qt::TimeSpec spec) const
+{
+    return NQtCompat::toTimeSpec(mDateTime, spec);
+}
+
 QString CDateTime::toIsoDateTime(Qt::TimeSpec spec) const
 {
     return toQDateTime(spec).toString(Qt::ISODate);
@@ -128,7 +134,8 @@ CDateTime CDateTime::fromI64ByteArray(const QByteArray& bytes, Qt::TimeSpec spec
 
 QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime)
 {
-    return stream << NDateTimeStream::writable(dateTime.mDateTime);
+    NQtCompat::writeDateTime(stream, NDateTimeStream::writable(dateTime.mDateTime));
+    return stream;
 }
 
 QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime)

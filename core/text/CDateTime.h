@@ -93,7 +93,7 @@ public:
     bool isValid() const { return mDateTime.isValid(); }
 
     /// Returns the date-time converted into `spec`.
-    QDateTime toQDateTime(Qt::TimeSpec spec) const { return mDateTime.toTimeSpec(spec); }
+    QDateTime toQDateTime(Qt::TimeSpec spec) const;
 
     /// Returns ISO 8601 text in `spec`, to the second: "2024-03-05T13:07:09Z" in UTC, no suffix in local time. Empty
     /// if not valid.

@@ -99,7 +99,7 @@ bool readAtVersion(QDataStream& stream, QDateTime& dateTime)
         // There is no zone to go with one: Qt 5 takes local time, Qt 6 does so with a warning.
         const auto written = static_cast<Qt::TimeSpec>(fields.spec);
         const Qt::TimeSpec spec = written == Qt::TimeZone ? Qt::LocalTime : written;
-        dateTime = QDateTime(fields.date, fields.time, Qt::UTC).toTimeSpec(spec);
+        dateTime = NQtCompat::toTimeSpec(QDateTime(fields.date, fields.time, Qt::UTC), spec);
         return true;
     }
     const bool utc = version >= QDataStream::Qt_4_0 && (fields.spec == QT4_UTC || fields.spec == QT4_OFFSET);

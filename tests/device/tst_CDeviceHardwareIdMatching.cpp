@@ -64,6 +64,9 @@ void tst_CDeviceHardwareIdMatching::everyUnitInEveryPlace()
     QRegExp minimum = CDeviceHardwareId::minimumRegExp();
     const QString text = QStringLiteral("A012_b");
     for (int code = 0; code < 0x10000; ++code) {
+        if (QChar(code).unicodeVersion() > QChar::Unicode_13_0) {
+            continue; // a letter for the expression of Qt 6
+        }
         for (const int place : {0, 1, 4, 5}) {
             QString changed = text;
             changed[place] = QChar(code);

@@ -1,6 +1,7 @@
 #include <tests/exchange/RandomValues.h>
 
 #include <QCoreApplication>
+#include <QIODevice>
 
 #include <cstdio>
 #include <iostream>
@@ -87,6 +88,8 @@ int main(int argc, char* argv[])
 {
     NGolden::prepareProcess();
     const QCoreApplication application(argc, argv);
+    qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString&) {}); // many texts are no names
     const QByteArray what(argc > 1 ? argv[1] : "");
     if (argc == 4 && (what == "write" || what == "write-newest")) {
         return write(QByteArray(argv[2]).toInt(), QByteArray(argv[3]).toULongLong(), what == "write-newest");

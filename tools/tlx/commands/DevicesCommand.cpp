@@ -25,7 +25,7 @@ void show(const CDeviceList& list, Report& report)
     QList<QJsonArray> subDevices;
     for (auto entry = list.devices.constBegin(); entry != list.devices.constEnd(); ++entry) {
         devices << NDeviceListJson::deviceRow(entry.key(), entry.value());
-        const QMap<unsigned char, CSubDeviceItem>& subs = entry.value().subDevices;
+        const auto& subs = entry.value().subDevices;
         for (auto sub = subs.constBegin(); sub != subs.constEnd(); ++sub) {
             QJsonArray row = NDeviceListJson::subDeviceRow(sub.key(), sub.value());
             row.prepend(static_cast<qint64>(entry.key()));

@@ -93,8 +93,8 @@ CSubDeviceItem subDeviceOf(const QJsonObject& object, const QString& place, unsi
 }
 
 // Of several entries under one key a map has the one that was inserted last first.
-QMap<unsigned char, CSubDeviceItem> subDevicesOf(const QJsonArray& array, const QString& place,
-                                                 QString& fault)
+QMultiMap<unsigned char, CSubDeviceItem> subDevicesOf(const QJsonArray& array, const QString& place,
+                                                      QString& fault)
 {
     QMultiMap<unsigned char, CSubDeviceItem> items;
     for (int i = array.size(); i-- > 0;) {
@@ -103,7 +103,7 @@ QMap<unsigned char, CSubDeviceItem> subDevicesOf(const QJsonArray& array, const 
         const CSubDeviceItem item = subDeviceOf(array.at(i).toObject(), where, key, fault);
         items.insert(key, item);
     }
-    return std::move(items);
+    return items;
 }
 
 CDeviceItem deviceOf(const QJsonObject& object, const QString& place, unsigned int& key, QString& fault)
@@ -174,7 +174,7 @@ QJsonObject toJson(const CDeviceList& list)
     for (auto entry = list.devices.constBegin(); entry != list.devices.constEnd(); ++entry) {
         QJsonObject device = objectOf(deviceKeys(), deviceRow(entry.key(), entry.value()));
         QJsonArray subDevices;
-        const QMap<unsigned char, CSubDeviceItem>& subs = entry.value().subDevices;
+        const auto& subs = entry.value().subDevices;
         for (auto sub = subs.constBegin(); sub != subs.constEnd(); ++sub) {
             subDevices.append(objectOf(subDeviceKeys(), subDeviceRow(sub.key(), sub.value())));
         }

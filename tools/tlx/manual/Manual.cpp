@@ -70,7 +70,7 @@ QString optionLines(const SCommand& command)
     const QList<SOption> options = optionsOf(command);
     int width = 0;
     for (const SOption& option : options) {
-        width = std::max(width, optionText(option).size());
+        width = std::max(width, int(optionText(option).size()));
     }
     QString lines;
     for (const SOption& option : options) {

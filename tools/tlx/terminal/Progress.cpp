@@ -38,7 +38,7 @@ void Progress::show(qint64 done)
 
 void Progress::draw(const QString& line)
 {
-    NInterrupt::blankLine(std::max(mDrawn, line.size())); // before it is there: Ctrl-C comes at any time
+    NInterrupt::blankLine(std::max(mDrawn, int(line.size()))); // before it is there: Ctrl-C comes at any time
     printText(stderr, QLatin1Char('\r') + line.leftJustified(mDrawn));
     mDrawn = line.size();
 }
