@@ -46,7 +46,10 @@ const QStringList& TarIndex::names()
 int TarIndex::find(const QString& name)
 {
     for (; mHashed < count(); ++mHashed) {
-        const QString& own = names().at(mHashed);
+        if (mNames.size() == mHashed) {
+            mNames.append(info(mHashed).mName); // beside its entry in the hash
+        }
+        const QString& own = mNames.at(mHashed);
         const uint hash = mHash(own);
         if (indexOf(own, hash) < 0) {
             mFirst.insert(hash, mHashed);
