@@ -1,3 +1,4 @@
+#include <tools/tlx/input/SystemNames.h>
 #include <tools/tlx/input/Undecodable.h>
 #include <tools/tlx/program/Command.h>
 #include <tools/tlx/report/Table.h>
@@ -32,7 +33,7 @@ int main(int argc, char* argv[])
     }
     const QCoreApplication application(argc, argv);
     qInstallMessageHandler(printMessage);
-    const QList<QByteArray> lost = NUndecodable::arguments(given);
+    const QList<QByteArray> lost = NSystemNames::undecodable(given);
     if (!lost.isEmpty()) {
         const QString what =
             QStringLiteral("an argument is not valid in the system's encoding: choose a locale that has it");

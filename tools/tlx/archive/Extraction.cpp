@@ -1,4 +1,5 @@
 #include <tools/tlx/archive/Extraction.h>
+#include <tools/tlx/archive/SystemFiles.h>
 #include <tools/tlx/terminal/Interrupt.h>
 
 #include <QDir>
@@ -41,11 +42,7 @@ QString nameRefusal(const QString& name)
     if (partsOf(name).contains(QLatin1String(".."))) {
         return QStringLiteral("a name with \"..\"");
     }
-    const bool isWindows = QDir::separator() == QLatin1Char('\\');
-    if (isWindows && (name.contains(QLatin1Char(':')) || name.contains(QLatin1Char('\\')))) {
-        return QStringLiteral("a name with a colon or backslash");
-    }
-    return QString();
+    return NSystemFiles::nameRefusal(name);
 }
 
 // A target is inside when it is relative, goes up no further than the link is deep, and only at its begin: after the
@@ -58,7 +55,8 @@ QString targetRefusal(const QString& path, const QString& target)
     const bool goesUpLater = std::any_of(down, parts.cend(), isUp);
     const auto ups = std::distance(parts.cbegin(), down);
     const bool isInside = !target.isEmpty() && !isAbsolute(target) && !goesUpLater
-                          && ups < partsOf(QDir::cleanPath(path)).size();
+                          && ups < partsOf(QDir::cleanPath(path)).size()
+                          && NSystemFiles::nameRefusal(target).isEmpty();
     return isInside ? QString() : QStringLiteral("a link that leads out of the folder, to ") + target;
 }
 
@@ -107,8 +105,7 @@ QString Extraction::make(QIODevice& archive, const SExtract& member,
         return makeFile(archive, member, place.filePath(), progress);
     }
     QFile::remove(place.filePath());
-    return QFile::link(member.target, place.filePath()) ? QString()
-                                                        : QStringLiteral("the system cannot make this link");
+    return NSystemFiles::makeLink(member.target, place.filePath());
 }
 
 // Makes missing directories one by one; none of them, made or found, may be a link.

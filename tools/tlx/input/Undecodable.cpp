@@ -1,8 +1,8 @@
 #include <tools/tlx/input/Undecodable.h>
 
+#include <tools/tlx/input/SystemNames.h>
 #include <tools/tlx/report/Report.h>
 
-#include <QFile>
 #include <QStringList>
 
 #include <algorithm>
@@ -12,39 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-#ifdef Q_OS_WIN
-// A name of Windows is UTF-16, as a text is.
-bool isDecodablePath(const fs::path&)
-{
-    return true;
-}
-
-fs::path pathOf(const QString& text)
-{
-    return fs::path(text.toStdWString());
-}
-
-QByteArray bytesOf(const fs::path& path)
-{
-    return QString::fromStdWString(path.wstring()).toUtf8();
-}
-#else
-bool isDecodablePath(const fs::path& path)
-{
-    return NUndecodable::isDecodable(QByteArray::fromStdString(path.filename().string()));
-}
-
-fs::path pathOf(const QString& text)
-{
-    return fs::path(QFile::encodeName(text).toStdString());
-}
-
-QByteArray bytesOf(const fs::path& path)
-{
-    return QByteArray::fromStdString(path.string());
-}
-#endif
-
 void walkInto(const fs::path& directory, NUndecodable::SWalk& found)
 {
     std::error_code error;
@@ -52,15 +19,16 @@ void walkInto(const fs::path& directory, NUndecodable::SWalk& found)
     fs::directory_iterator entry(directory, error);
     while (!error && entry != fs::directory_iterator()) {
         std::error_code ignored;
-        if (!isDecodablePath(entry->path())) {
-            found.names << bytesOf(entry->path());
+        if (!NSystemNames::isDecodable(entry->path())) {
+            found.names << NSystemNames::bytesOf(entry->path());
         } else if (entry->symlink_status(ignored).type() == fs::file_type::directory) {
             walkInto(entry->path(), found);
         }
         entry.increment(error);
     }
     if (error) {
-        found.unopened << bytesOf(directory) + ": " + QByteArray::fromStdString(error.message());
+        found.unopened << NSystemNames::bytesOf(directory) + ": "
+                              + QByteArray::fromStdString(error.message());
     }
 }
 
@@ -68,30 +36,10 @@ void walkInto(const fs::path& directory, NUndecodable::SWalk& found)
 
 namespace NUndecodable {
 
-bool isDecodable(const QByteArray& bytes)
-{
-    return QFile::encodeName(QFile::decodeName(bytes)) == bytes;
-}
-
-QList<QByteArray> arguments(const QList<QByteArray>& arguments)
-{
-    QList<QByteArray> lost;
-#ifndef Q_OS_WIN
-    for (const QByteArray& argument : arguments) {
-        if (!isDecodable(argument)) {
-            lost << argument;
-        }
-    }
-#else
-    Q_UNUSED(arguments)
-#endif
-    return lost;
-}
-
 SWalk walk(const QString& directory)
 {
     SWalk found;
-    walkInto(pathOf(directory), found);
+    walkInto(NSystemNames::pathOf(directory), found);
     std::sort(found.names.begin(), found.names.end());
     return found;
 }

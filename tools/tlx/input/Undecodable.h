@@ -8,12 +8,6 @@
 /// Names in no encoding of the system, which no text can hold: as bytes, as the system has them.
 namespace NUndecodable {
 
-/// True when the bytes of a file's name or an argument can be told as text and told back.
-bool isDecodable(const QByteArray& bytes);
-
-/// The arguments that no text can hold; the application object has to exist. Windows has none.
-QList<QByteArray> arguments(const QList<QByteArray>& arguments);
-
 /// What the walk over a directory tree met that a listing does not show.
 struct SWalk
 {

@@ -30,14 +30,7 @@ void printBytes(FILE* file, const QByteArray& bytes)
 
 EOutputState outputState()
 {
-#ifdef Q_OS_WIN
-    constexpr int CLOSED = EINVAL; // what the C library makes of ERROR_NO_DATA
-#else
-    constexpr int CLOSED = EPIPE;
-#endif
-    return firstError == 0                               ? OUTPUT_WRITTEN
-           : firstError == CLOSED || firstError == EPIPE ? OUTPUT_CLOSED
-                                                         : OUTPUT_LOST;
+    return firstError == 0 ? OUTPUT_WRITTEN : meansClosedPipe(firstError) ? OUTPUT_CLOSED : OUTPUT_LOST;
 }
 
 QString outputError()

@@ -20,6 +20,9 @@ enum EOutputState
 };
 EOutputState outputState();
 
+/// True when this error of a write means that the reader of the pipe has gone.
+bool meansClosedPipe(int error);
+
 /// The system's reason for the first write to standard output that failed; empty when none did.
 QString outputError();
 

@@ -1,26 +1,11 @@
 #include <tools/tlx/terminal/OutputCapture.h>
 
-#include <QtGlobal>
-
-#ifdef Q_OS_WIN
-#include <io.h>
-#define dup _dup
-#define dup2 _dup2
-#define close _close
-#define fileno _fileno
-#else
-#include <unistd.h>
-#endif
-
 OutputCapture::OutputCapture()
-    : mFile(std::tmpfile())
+    : mFile(temporaryFile())
 {
     std::fflush(stdout);
     if (mFile) {
-        mOutput = dup(fileno(stdout));
-    }
-    if (mOutput >= 0) {
-        dup2(fileno(mFile), fileno(stdout));
+        mOutput = divert(stdout, mFile);
     }
 }
 
@@ -28,8 +13,7 @@ OutputCapture::~OutputCapture()
 {
     std::fflush(stdout);
     if (mOutput >= 0) {
-        dup2(mOutput, fileno(stdout));
-        close(mOutput);
+        restore(stdout, mOutput);
     }
     if (mFile) {
         std::fclose(mFile);

@@ -22,6 +22,10 @@ public:
     QByteArray text() const;
 
 private:
+    static std::FILE* temporaryFile();
+    static int divert(std::FILE* from, std::FILE* to); // returns what is to be restored, or -1
+    static void restore(std::FILE* file, int descriptor);
+
     std::FILE* mFile;
     int mOutput = -1; // the real standard output; -1 when it is not diverted
 };

@@ -1,5 +1,6 @@
 #include <tools/tlx/terminal/Output.h>
 
+#include <cerrno>
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
@@ -21,4 +22,9 @@ void printText(FILE* file, const QString& text)
 void makeBinary(FILE* file)
 {
     _setmode(_fileno(file), _O_BINARY);
+}
+
+bool meansClosedPipe(int error)
+{
+    return error == EPIPE || error == EINVAL; // the latter is what the C library makes of ERROR_NO_DATA
 }
