@@ -55,7 +55,7 @@ public:
         : CFixedString()
     {
         const int size = bytes.size() < BYTES ? static_cast<int>(bytes.size()) : BYTES;
-        std::memcpy(mBlock->codeUnits, bytes.constData(), static_cast<std::size_t>(size));
+        std::memcpy(ownCodeUnits(), bytes.constData(), static_cast<std::size_t>(size));
     }
 
     /// Takes all N units.
@@ -170,7 +170,7 @@ protected:
     }
 
     /// Writes all units.
-    void assign(const TArray& units) { std::memcpy(mBlock->codeUnits, units, sizeof(TArray)); }
+    void assign(const TArray& units) { std::memcpy(ownCodeUnits(), units, sizeof(TArray)); }
 
     /// As assign(), and returns the object.
     template <typename Value>
@@ -200,7 +200,19 @@ private:
 
     static constexpr int BYTES = static_cast<int>(sizeof(TArray));
 
-    const unsigned short* codeUnits() const { return mBlock.constData()->codeUnits; }
+    const unsigned short* codeUnits() const
+    {
+        const SBlock* const block = mBlock.constData();
+        Q_ASSUME(block != nullptr);
+        return block->codeUnits;
+    }
+
+    unsigned short* ownCodeUnits()
+    {
+        SBlock* const block = mBlock.data();
+        Q_ASSUME(block != nullptr);
+        return block->codeUnits;
+    }
 
     QSharedDataPointer<SBlock> mBlock;
 };
