@@ -161,11 +161,10 @@ protected:
     void assign(const QString& text)
     {
         const int length = text.size() < N ? static_cast<int>(text.size()) : N;
-        SBlock* const block = mBlock.data();
-        Q_ASSUME(block != nullptr);
-        std::memcpy(block->codeUnits, text.constData(), static_cast<std::size_t>(length) * sizeof(QChar));
+        unsigned short* const target = ownCodeUnits();
+        std::memcpy(target, text.constData(), static_cast<std::size_t>(length) * sizeof(QChar));
         if (length < N) {
-            block->codeUnits[length] = 0;
+            target[length] = 0;
         }
     }
 

@@ -55,12 +55,14 @@
 #define uuid_t UUID
 #endif
 
-// Not every compiler's Windows headers define these for C++.
+// Not every compiler's Windows headers define these for C++. The C++ library compiles before them alone.
+#ifdef QT_VERSION
 #ifndef min
 #define min(a, b) (((a) < (b)) ? (a) : (b))
 #endif
 #ifndef max
 #define max(a, b) (((a) > (b)) ? (a) : (b))
+#endif
 #endif
 
 #endif // TLXTEST_WINDOWSHEADERS_H
