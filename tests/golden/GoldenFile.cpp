@@ -155,7 +155,7 @@ TBytes read(const QString& path)
 
 void prepareProcess()
 {
-    qputenv("TZ", "Europe/Berlin");
+    qputenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3"); // Berlin, as Windows reads it, too
 }
 
 } // namespace NGolden
