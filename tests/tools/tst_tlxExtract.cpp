@@ -150,7 +150,8 @@ void tst_tlxExtract::namesOfOtherSystems_data()
     QTest::newRow("up and a blank") << member(".. /victim", '0', {}, "1") << ".. /victim: "_text + cut;
     QTest::newRow("link up by backslashes")
         << member("l", '2', "..\\victim") << "l: a link that leads out of the folder, to ..\\victim"_text;
-    QTest::newRow("link to a drive") << member("l", '2', "c:x") << "l: a link that leads out of the folder, to c:x"_text;
+    QTest::newRow("link to a drive") << member("l", '2', "c:x")
+                                     << "l: a link that leads out of the folder, to c:x"_text;
 }
 
 void tst_tlxExtract::namesOfOtherSystems()
