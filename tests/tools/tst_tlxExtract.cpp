@@ -138,8 +138,8 @@ void tst_tlxExtract::namesOfOtherSystems_data()
     const QString colon = "a name with a colon or backslash"_text;
     const QString device = "the name of a device"_text;
     const QString cut = "a name that ends in a dot or blank"_text;
-    QTest::newRow("drive") << member("c:x", '0', {}, "1") << "c:x: "_text + colon;
-    QTest::newRow("stream of a file") << member("a:b", '0', {}, "1") << "a:b: "_text + colon;
+    QTest::newRow("drive") << member("c:x", '0', {}, "1") << "c:x: an absolute name"_text;
+    QTest::newRow("stream of a file") << member("file:b", '0', {}, "1") << "file:b: "_text + colon;
     QTest::newRow("up by backslashes") << member("..\\victim", '0', {}, "1") << "..\\victim: "_text + colon;
     QTest::newRow("device") << member("nul", '0', {}, "1") << "nul: "_text + device;
     QTest::newRow("device with an ending")
@@ -292,11 +292,17 @@ void tst_tlxExtract::throughLinks()
     QCOMPARE(place.outside(), before);
 }
 
-// A bomb of names: 20,000 members, many under one name, many deep. It ends, and stays inside.
+// A bomb of names: many members under one name, many deep. It ends, and stays inside.
 void tst_tlxExtract::manyNames()
 {
+#ifdef Q_OS_WIN
+    constexpr int COUNT = 2000; // Wine makes files slowly
+#else
+    constexpr int COUNT = 20000;
+#endif
+    constexpr int NAMED = 20;
     QByteArray archive;
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < COUNT; ++i) {
         archive += member(i % 2 == 0 ? QByteArray("same") : QByteArray("n" + QByteArray::number(i)));
     }
     archive += member(QByteArray(40, 'x') + "/" + QByteArray("y/").repeated(25) + "z");
@@ -307,9 +313,9 @@ void tst_tlxExtract::manyNames()
 
     QCOMPARE(run.exitCode, 1);
     QVERIFY2(run.output.contains("same: another member has this name"), run.output.right(500).constData());
-    QVERIFY(run.output.contains("9979 more members are refused"));
+    QVERIFY(run.output.contains(QByteArray::number(COUNT / 2 - 1 - NAMED) + " more members are refused"));
     QCOMPARE(place.outside(), before);
-    QCOMPARE(run.result().value(QLatin1String("extracted")).toArray().size(), 10002);
+    QCOMPARE(run.result().value(QLatin1String("extracted")).toArray().size(), COUNT / 2 + 2);
 }
 
 void tst_tlxExtract::cutArchive()
