@@ -1,7 +1,11 @@
 #include <tests/support/TlxProcess.h>
 
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QProcess>
+
+// Found before a test changes the current directory, and with it the drive that Windows looks at.
+static const QString PROGRAM = QFileInfo(QStringLiteral(TLX_PROGRAM)).absoluteFilePath();
 
 QJsonObject STlxRun::json() const
 {
@@ -10,7 +14,7 @@ QJsonObject STlxRun::json() const
 
 QString tlxProgram()
 {
-    return QStringLiteral(TLX_PROGRAM);
+    return PROGRAM;
 }
 
 STlxRun runTlx(const QStringList& arguments, const QStringList& environment, const QString& program,
