@@ -117,7 +117,7 @@ public:
     {
         TArray ordered;
         const int count = stream.readRawData(reinterpret_cast<char*>(ordered), BYTES);
-        std::fill(ordered + std::max(count, 0) / 2, ordered + N, quint16(0));
+        std::fill(ordered + (std::max)(count, 0) / 2, ordered + N, quint16(0));
         if (stream.byteOrder() == QDataStream::BigEndian) {
             qFromBigEndian<quint16>(ordered, N, value.mBlock->codeUnits);
         } else {
