@@ -77,10 +77,10 @@ public:
     QString text(const QString& key) const
     {
         if (mByKey.contains(key)) {
-            return mByKey.value(key).toString();
+            return NQtVariant::toString(mByKey.value(key));
         }
         FUZZ_CHECK(mSlashes || !mWhole.contains(key));
-        return mWhole.value(key).toString();
+        return NQtVariant::toString(mWhole.value(key));
     }
 
 private:
@@ -136,7 +136,7 @@ static void fuzz(Input& input)
     const QByteArray bytes = input.bytes();
     writeFile(directory + name, bytes);
     {
-        const Peer peer(directory + name, bytes);
+        const Peer peer(directory + name, NQtCompat::settingsContent(bytes));
         reopen(name);
         checkCompany(peer);
         checkProduct(peer, number);

@@ -194,6 +194,9 @@ void tst_CStr::indexOfAmpersandByEveryUnit()
     const QRegExp pattern(text("(^|[^&])&(?!(&|\\W|$))"));
     for (int code = 0; code <= 0xFFFF; ++code) {
         const QChar unit(static_cast<ushort>(code));
+        if (unit.unicodeVersion() > QChar::Unicode_13_0) {
+            continue; // a letter for the expression of Qt 6
+        }
         for (const char* form : {"&?", "?&x", "a&?&b"}) {
             const QString s = text(form).replace(QLatin1Char('?'), unit);
             QVERIFY2(CStr::indexOfAmpersand(s) == pattern.indexIn(s), unitCodes(s).constData());

@@ -337,10 +337,12 @@ void tst_CTlString::sameAsTheTextFormatter()
                  QStringLiteral("%1.%2")
                      .arg(value / divisor, width - digits - 1)
                      .arg(value % divisor, digits, 10, QLatin1Char('0')));
-        const QString hex = QStringLiteral("%1").arg(value, width, 16, QLatin1Char('0')).right(width);
+        const QString hex =
+            QStringLiteral("%1").arg(static_cast<quint64>(value), width, 16, QLatin1Char('0')).right(width);
         QCOMPARE(CTlString::toStr(static_cast<long long>(value), format(0, HEX)),
                  CTlString::insertPointSeparator(hex));
-        const QString dual = QStringLiteral("%1").arg(value, width, 2, QLatin1Char('0')).right(width);
+        const QString dual =
+            QStringLiteral("%1").arg(static_cast<quint64>(value), width, 2, QLatin1Char('0')).right(width);
         QCOMPARE(CTlString::toStr(static_cast<long long>(value), format(0, DUAL)),
                  CTlString::insertPointSeparator(dual));
         const int widened = width + (width > 0) * 2 - (width < 0) * 2;
