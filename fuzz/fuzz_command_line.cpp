@@ -1,4 +1,5 @@
 // Command lines: the map beside a plain reading of the arguments, the typed keys beside Qt's conversions.
+#include <core/base/QtTexts.h>
 #include <core/device/CCommandLineParser.h>
 #include <fuzz/support/Fuzzer.h>
 
@@ -24,18 +25,23 @@ void checkTyped(CCommandLineParser parser, const QMap<QString, QString>& map)
 {
     const auto text = [&map](const char* key) { return map.value(QLatin1String(key)); };
     const auto orMinusOne = [&map](const char* key) {
-        return map.contains(QLatin1String(key)) ? map.value(QLatin1String(key)).toInt() : -1;
+        return map.contains(QLatin1String(key))
+                   ? NQtCompat::integerText(map.value(QLatin1String(key))).toInt()
+                   : -1;
     };
     FUZZ_CHECK(parser.abAddress() == text("abadr") && parser.ip() == text("ip"));
     FUZZ_CHECK(parser.serverName() == text("server"));
-    FUZZ_CHECK(parser.currentUnit() == text("cu").toInt() && parser.userLevel() == text("level").toInt());
-    FUZZ_CHECK(parser.comAddress() == text("comadr").toUInt()
-               && parser.deviceFunction() == text("df").toUInt());
+    FUZZ_CHECK(parser.currentUnit() == NQtCompat::integerText(text("cu")).toInt()
+               && parser.userLevel() == NQtCompat::integerText(text("level")).toInt());
+    FUZZ_CHECK(parser.comAddress() == NQtCompat::integerText(text("comadr")).toUInt()
+               && parser.deviceFunction() == NQtCompat::integerText(text("df")).toUInt());
     FUZZ_CHECK(parser.powerAddress() == orMinusOne("powadr")
                && parser.driveAddress() == orMinusOne("drvadr"));
-    FUZZ_CHECK(parser.deviceClass() == text("devtype").toUInt());
+    FUZZ_CHECK(parser.deviceClass() == NQtCompat::integerText(text("devtype")).toUInt());
     const QString port = text("port");
-    FUZZ_CHECK(parser.port() == port.toInt(nullptr, port.startsWith(QLatin1String("0x")) ? 16 : 10));
+    FUZZ_CHECK(
+        parser.port()
+        == NQtCompat::integerText(port).toInt(nullptr, port.startsWith(QLatin1String("0x")) ? 16 : 10));
     const QLocale language = parser.language();
     FUZZ_CHECK(language == (text("lang").isEmpty() ? QLocale::c() : QLocale(text("lang"))));
     parser.setLanguage(language);

@@ -1,4 +1,5 @@
 // Range-checked numbers from text beside Qt's conversions to 64 bits; the three forms of every function agree.
+#include <core/base/QtTexts.h>
 #include <core/text/CStr.h>
 #include <fuzz/support/Fuzzer.h>
 
@@ -11,7 +12,7 @@ bool fits(const QString& text, int base, Integer& value)
 {
     bool ok = false;
     if (std::is_signed<Integer>::value) {
-        const qint64 wide = text.toLongLong(&ok, base);
+        const qint64 wide = NQtCompat::integerText(text).toLongLong(&ok, base);
         value = static_cast<Integer>(wide);
         return ok && wide >= std::numeric_limits<Integer>::min()
                && wide <= std::numeric_limits<Integer>::max();

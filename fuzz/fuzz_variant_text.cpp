@@ -1,4 +1,5 @@
 // Text into a variant of every type: beside Qt's conversions, and through text, bits and streams back to itself.
+#include <core/base/QtTexts.h>
 #include <core/types/CVariant.h>
 #include <fuzz/support/Fuzzer.h>
 
@@ -44,10 +45,11 @@ QString expectedInteger(const QString& text, const SInteger& type)
 {
     quint64 bits = 0;
     if (type.bits == 64) {
-        bits =
-            type.isSigned ? static_cast<quint64>(text.toLongLong(nullptr, 0)) : text.toULongLong(nullptr, 0);
+        bits = type.isSigned ? static_cast<quint64>(NQtCompat::integerText(text).toLongLong(nullptr, 0))
+                             : NQtCompat::integerText(text).toULongLong(nullptr, 0);
     } else {
-        bits = type.isSigned ? static_cast<quint64>(text.toInt(nullptr, 0)) : text.toUInt(nullptr, 0);
+        bits = type.isSigned ? static_cast<quint64>(NQtCompat::integerText(text).toInt(nullptr, 0))
+                             : NQtCompat::integerText(text).toUInt(nullptr, 0);
     }
     const int unused = 64 - type.bits;
     return type.isSigned ? QString::number(static_cast<qint64>(bits << unused) >> unused)
@@ -94,7 +96,7 @@ void checkChar8(const CVariant& value, const QString& text, int size)
 void checkDateTime(const CVariant& value, const QString& text)
 {
     bool ok = false;
-    const qint64 packed = text.toInt(&ok, 10);
+    const qint64 packed = NQtCompat::integerText(text).toInt(&ok, 10);
     const QDateTime dateTime = ok ? QDateTime() : QDateTime::fromString(text, Qt::ISODate);
     const QDate date = dateTime.date();
     const QTime time = dateTime.time();

@@ -1,6 +1,7 @@
 #include <fuzz/support/TarReference.h>
 
 #include <QRegularExpression>
+#include <core/base/QtTexts.h>
 
 #include <limits>
 
@@ -17,7 +18,7 @@ QByteArray textAt(const QByteArray& block, int offset)
 qint64 octal(const QByteArray& text)
 {
     bool ok = false;
-    const qint64 value = QString::fromLatin1(text).toLongLong(&ok, 8);
+    const qint64 value = NQtCompat::integerText(QString::fromLatin1(text)).toLongLong(&ok, 8);
     return ok ? value : -1;
 }
 

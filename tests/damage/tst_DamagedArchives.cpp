@@ -1,3 +1,4 @@
+#include <core/base/QtTexts.h>
 #include <core/files/CTar.h>
 
 #include <tests/damage/DamageRows.h>
@@ -49,9 +50,9 @@ qint64 sizeIn(const QByteArray& block)
 {
     bool ok = false;
     const QByteArray text = textAt(block, 124);
-    qint64 size = QString::fromLatin1(text).toLongLong(&ok, 8);
+    qint64 size = NQtCompat::integerText(QString::fromLatin1(text)).toLongLong(&ok, 8);
     if ((!ok || size < 0) && text.size() >= 12 && text.at(11) == ' ') {
-        size = QString::fromLatin1(text.left(12)).toLongLong(&ok, 8);
+        size = NQtCompat::integerText(QString::fromLatin1(text.left(12))).toLongLong(&ok, 8);
     }
     return ok ? size : -1;
 }

@@ -63,8 +63,8 @@ void tst_CDirTrash::trashed()
     const QString bare = name.section(QLatin1Char('/'), 0, 0);
     const QByteArray written = tree.read(TRASH + "info/"_text + bare + ".trashinfo"_text);
     const QByteArray from = QFile::encodeName(tree.path("from/"_text));
-    QVERIFY2(written.startsWith("[Trash Info]\nPath=" + from + note + (note.isEmpty() ? "" : "\n")),
-             written.constData());
+    const QByteArray head = "[Trash Info]\nPath=" + from + note + (note.isEmpty() ? "" : "\n");
+    QVERIFY2(written.startsWith(head), written.constData());
     QCOMPARE(tree.entries(TRASH + "info"_text).size(), 1);
     QCOMPARE(tree.entries("current"_text), QStringList()); // where Qt's trash is when there is none
     QCOMPARE(tree.entries("home"_text), QStringList());

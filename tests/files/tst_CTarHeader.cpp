@@ -1,3 +1,4 @@
+#include <core/base/QtTexts.h>
 #include <tests/files/TarArchive.h>
 
 #include <core/tlxCoreQTest.h>
@@ -66,9 +67,9 @@ CTarFileInfo modelInfo(const QByteArray& block, bool* sizeOk)
     info.mType = kind < 0 ? 0 : kinds[kind];
     info.mName = QString::fromLatin1(bytes.constData());
     info.mLinkName = QString::fromLatin1(bytes.constData() + 157);
-    info.mSize = QString::fromLatin1(bytes.constData() + 124).toLongLong(sizeOk, 8);
+    info.mSize = NQtCompat::integerText(QString::fromLatin1(bytes.constData() + 124)).toLongLong(sizeOk, 8);
     if (!*sizeOk && bytes.at(135) == ' ' && !bytes.mid(124, 12).contains('\0')) {
-        info.mSize = QString::fromLatin1(bytes.mid(124, 12)).toLongLong(sizeOk, 8);
+        info.mSize = NQtCompat::integerText(QString::fromLatin1(bytes.mid(124, 12))).toLongLong(sizeOk, 8);
     }
     *sizeOk = *sizeOk && info.mSize >= 0;
     return info;
@@ -296,7 +297,8 @@ void tst_CTarHeader::sizesAsQtConverts()
         STarMember member;
         member.name = "a";
         QByteArray header = tarHeader(member);
-        header.replace(124, text.size() + 1, text + '\0'); // may run into the time and checksum fields
+        header.replace(124, text.size() + 1,
+                       QByteArray(text + '\0')); // may run into the time and checksum fields
         bool ok = false;
         const CTarFileInfo expected = modelInfo(header, &ok);
         ok = ok && expected.mSize <= Q_INT64_C(0x7fffffffffffffff) - 1023;
@@ -334,7 +336,7 @@ void tst_CTarHeader::advance()
 
     MessageLog log; // no file system reaches all of these positions
     QByteArray header = tarFile("a", 0);
-    header.replace(124, size.size() + 1, size + '\0');
+    header.replace(124, size.size() + 1, QByteArray(size + '\0'));
     const QTemporaryDir dir;
     CTar tar;
     tar.loadFile(writeFile(dir, QStringLiteral("x.tar"), header));

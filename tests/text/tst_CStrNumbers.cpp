@@ -1,3 +1,4 @@
+#include <core/base/QtTexts.h>
 #include <core/text/CStr.h>
 
 #include <tests/support/MessageLog.h>
@@ -264,8 +265,8 @@ void tst_CStrNumbers::sameAsQString()
         const int base = i % 5 == 0 ? random.bounded(2, 37) : QList<int>{0, 2, 10, 16}.at(i % 4);
         bool okSigned = false;
         bool okUnsigned = false;
-        const qint64 asSigned = s.toLongLong(&okSigned, base);
-        const quint64 asUnsigned = s.toULongLong(&okUnsigned, base);
+        const qint64 asSigned = NQtCompat::integerText(s).toLongLong(&okSigned, base);
+        const quint64 asUnsigned = NQtCompat::integerText(s).toULongLong(&okUnsigned, base);
         bool ok = false;
         QCOMPARE(CStr::strToI64(s, &ok, base), okSigned ? asSigned : 0);
         QCOMPARE(ok, okSigned);

@@ -141,7 +141,7 @@ int catJson(OpenArchive& archive, int index, Report& report)
     const QByteArray name("base64");
     report.add(name.constData(), "Base64", QString());
     const QByteArray json = report.json();
-    const int place = json.indexOf('"' + name + "\": \"") + name.size() + 5;
+    const int place = json.indexOf(QByteArray('"' + name + "\": \"")) + name.size() + 5;
     printBytes(stdout, json.left(place));
     QByteArray rest; // fewer than three bytes, which are not a group of Base64 yet
     const auto print = [&rest](const QByteArray& block) {
