@@ -12,9 +12,10 @@
 namespace NTypes {
 
 static_assert(sizeof(tsDate) == 4 && sizeof(tsTime) == 4 && sizeof(tsDateTime) == 8, "packed without gaps");
-static_assert(std::is_trivial<tsDate>::value && std::is_trivial<tsTime>::value
-                  && std::is_trivial<tsDateTime>::value && std::is_standard_layout<tsDateTime>::value,
-              "the records are copied by their bytes");
+static_assert(std::is_trivial<tsDate>::value, "copied by its bytes");
+static_assert(std::is_trivial<tsTime>::value, "copied by its bytes");
+static_assert(std::is_trivial<tsDateTime>::value, "copied by its bytes");
+static_assert(std::is_standard_layout<tsDateTime>::value, "copied by its bytes");
 
 NQtCompat::THash qHash(const tsDate& value, NQtCompat::THash seed)
 {
