@@ -52,7 +52,7 @@ bool sumOf(const QString& name, SSum& sum, Report& report)
     const quint32 pieceShift = shiftBy(PIECE);
     QByteArray piece(static_cast<int>(PIECE), Qt::Uninitialized);
     qint64 length = 0;
-    while ((length = device.read(piece.data(), PIECE)) > 0) {
+    while ((length = input.read(piece.data(), PIECE)) > 0) {
         const quint32 shift = length == PIECE ? pieceShift : shiftBy(length);
         sum.crc = product(sum.crc, shift) ^ CMath::crc32(piece.constData(), static_cast<int>(length));
         sum.size += length;

@@ -6,6 +6,8 @@
 
 #include <QFileInfo>
 
+#include <cstdio>
+
 namespace {
 
 constexpr qint64 PIECE = 1 << 20;
@@ -76,12 +78,21 @@ bool InputFile::openRandom(const QString& name, Report& report)
     return true;
 }
 
+// On Windows Qt calls the end of standard input a failure.
+qint64 InputFile::read(char* data, qint64 size)
+{
+    const qint64 length = mDevice->read(data, size);
+    const bool isEnd =
+        length < 0 && isStandardInput(mPath) && std::feof(stdin) != 0 && std::ferror(stdin) == 0;
+    return isEnd ? 0 : length;
+}
+
 bool InputFile::copyStandardInput(Report& report)
 {
     QByteArray piece(static_cast<int>(PIECE), Qt::Uninitialized);
     bool isCopied = mCopy.open();
     qint64 length = 0;
-    while (isCopied && (length = mFile.read(piece.data(), PIECE)) > 0) {
+    while (isCopied && (length = read(piece.data(), PIECE)) > 0) {
         isCopied = mCopy.write(piece.constData(), length) == length;
     }
     if (!isCopied || length < 0 || !mCopy.flush()) {

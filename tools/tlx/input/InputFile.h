@@ -25,6 +25,9 @@ public:
 
     QIODevice& device() { return *mDevice; }
 
+    /// Reads up to `size` bytes; 0 at the end, negative after a failure.
+    qint64 read(char* data, qint64 size);
+
     /// The file's own path, after openRandom(): of standard input that of the copy.
     QString path() const { return mPath; }
 
