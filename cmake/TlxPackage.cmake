@@ -10,7 +10,7 @@ set(CPACK_MONOLITHIC_INSTALL ON) # one folder with everything
 set(CPACK_STRIP_FILES ON)
 set(CPACK_SOURCE_GENERATOR TGZ)
 set(CPACK_SOURCE_PACKAGE_FILE_NAME "tlxcore-${PROJECT_VERSION}-source")
-set(CPACK_SOURCE_IGNORE_FILES "/build/" "^${PROJECT_SOURCE_DIR}/debian/" "/\\.git/" "/\\.cache/" "__pycache__")
+set(CPACK_SOURCE_IGNORE_FILES "/build[^/]*/" "^${PROJECT_SOURCE_DIR}/debian/" "/\\.git/" "/\\.cache/" "__pycache__")
 if(WIN32)
     set(CPACK_GENERATOR ZIP)
     set(CPACK_PACKAGE_FILE_NAME "${TLX_NAME}-${PROJECT_VERSION}-windows-${CMAKE_SYSTEM_PROCESSOR}")

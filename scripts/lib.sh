@@ -24,7 +24,7 @@ TEST_PACKAGES=("${BUILD_PACKAGES[@]}" "${QT6_PACKAGES[@]}" python3 zsh fish pkg-
     locales tzdata clang clang-format clang-tidy libarchive-tools gdb)
 BENCH_PACKAGES=(libbenchmark-dev zlib1g-dev libdeflate-dev python3 libarchive-dev libkf5archive-dev)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm libarchive-dev)
-PACKAGE_PACKAGES=(build-essential debhelper dpkg-dev file gdb lintian doxygen graphviz doxygen-awesome-css)
+PACKAGE_PACKAGES=("${QT6_PACKAGES[@]}" build-essential debhelper dpkg-dev file gdb lintian doxygen graphviz doxygen-awesome-css)
 
 # Uses ccache when it is there; it is never needed.
 if command -v ccache >/dev/null 2>&1; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
@@ -41,7 +41,7 @@ build_preset() {
 # copy_tree FOLDER: a fresh copy of the tree's files, with their times, so that what was built of them stays current.
 copy_tree() {
     mkdir -p "$1"
-    find "$1" -mindepth 1 -maxdepth 1 ! -name build -exec rm -rf {} +
+    find "$1" -mindepth 1 -maxdepth 1 ! -name 'build*' -exec rm -rf {} +
     git ls-files -z --cached --others --exclude-standard | xargs -0 cp -p --parents -t "$1"
 }
 
