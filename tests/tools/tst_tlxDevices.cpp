@@ -256,7 +256,7 @@ void tst_tlxDevices::damagedDevices()
     QTEST(run.result().value(text("devices")).toArray().size(), "devices"); // those before the damage
     const STlxRun forPeople = runTlx({text("devices"), dataFile(file)});
     QCOMPARE(forPeople.exitCode, 1);
-    QVERIFY2(forPeople.errorOutput.contains("(byte " + QByteArray::number(offset) + ")"),
+    QVERIFY2(forPeople.errorOutput.contains(QByteArray("(byte " + QByteArray::number(offset) + ")")),
              forPeople.errorOutput.constData());
 }
 

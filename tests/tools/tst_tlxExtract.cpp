@@ -313,7 +313,8 @@ void tst_tlxExtract::manyNames()
 
     QCOMPARE(run.exitCode, 1);
     QVERIFY2(run.output.contains("same: another member has this name"), run.output.right(500).constData());
-    QVERIFY(run.output.contains(QByteArray::number(COUNT / 2 - 1 - NAMED) + " more members are refused"));
+    QVERIFY(run.output.contains(
+        QByteArray(QByteArray::number(COUNT / 2 - 1 - NAMED) + " more members are refused")));
     QCOMPARE(place.outside(), before);
     QCOMPARE(run.result().value(QLatin1String("extracted")).toArray().size(), COUNT / 2 + 2);
 }

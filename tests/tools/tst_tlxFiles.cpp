@@ -270,7 +270,7 @@ void tst_tlxFiles::wrongUsage()
     const STlxRun run = runTlx(arguments);
     QCOMPARE(run.exitCode, 2);
     QCOMPARE(run.output, QByteArray());
-    QVERIFY(run.errorOutput.startsWith("tlx " + arguments.first().toLatin1() + ": "));
+    QVERIFY(run.errorOutput.startsWith(QByteArray("tlx " + arguments.first().toLatin1() + ": ")));
 }
 
 QTEST_GUILESS_MAIN(tst_tlxFiles)

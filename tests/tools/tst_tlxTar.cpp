@@ -260,7 +260,7 @@ void tst_tlxTar::cannotOpen()
         }
         const STlxRun run = runTlx(arguments);
         QCOMPARE(run.exitCode, 1);
-        QVERIFY2(run.errorOutput.startsWith("tlx tar: " + path.toLocal8Bit() + ": "),
+        QVERIFY2(run.errorOutput.startsWith(QByteArray("tlx tar: " + path.toLocal8Bit() + ": ")),
                  run.errorOutput.constData());
         QVERIFY(!run.errorOutput.contains("(byte"));
         QCOMPARE(run.output, QByteArray());
