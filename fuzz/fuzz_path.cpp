@@ -60,7 +60,7 @@ QString directoryOf(const QString& name)
         return QFileInfo(name).absolutePath();
     }
     const QString whole = absolute(name);
-    return whole.left(std::max(1, whole.lastIndexOf(SLASH)));
+    return whole.left(std::max(1, int(whole.lastIndexOf(SLASH))));
 }
 
 QString fileNameOf(const QString& name)

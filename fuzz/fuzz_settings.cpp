@@ -18,7 +18,7 @@ struct SSeam
     friend void reopen(const QString& fileName)
     {
         static QByteArray kept;
-        settings->close();
+        delete settings->kept.exchange(nullptr);
         kept = fileName.toLatin1();
         settings->fileName = kept.constData();
     }

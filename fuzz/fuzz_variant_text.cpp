@@ -6,6 +6,7 @@
 #include <QBitArray>
 #include <QDataStream>
 #include <QDateTime>
+#include <QIODevice>
 
 #include <cmath>
 

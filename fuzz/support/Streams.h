@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QDataStream>
+#include <QIODevice>
 
 /// How a stream is read: any version from Qt 4.0 on, either byte order, either precision.
 struct SStreamSetup
