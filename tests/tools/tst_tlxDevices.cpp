@@ -253,7 +253,7 @@ void tst_tlxDevices::damagedDevices()
     const QJsonObject error = run.json().value(text("error")).toObject();
     QCOMPARE(error.value(text("message")).toString(), message);
     QCOMPARE(error.value(text("offset")).toInt(-1), offset);
-    QTEST(run.result().value(text("devices")).toArray().size(), "devices"); // those before the damage
+    QTEST(int(run.result().value(text("devices")).toArray().size()), "devices"); // those before the damage
     const STlxRun forPeople = runTlx({text("devices"), dataFile(file)});
     QCOMPARE(forPeople.exitCode, 1);
     QVERIFY2(forPeople.errorOutput.contains(QByteArray("(byte " + QByteArray::number(offset) + ")")),

@@ -81,7 +81,7 @@ void tst_tlxOutput::fullDevice()
             continue;
         }
         const QByteArray said = process.readAllStandardError();
-        QVERIFY2(said.contains("tlx: write error: " + systemText(ENOSPC).toLocal8Bit() + "\n"),
+        QVERIFY2(said.contains(QByteArray("tlx: write error: " + systemText(ENOSPC).toLocal8Bit() + "\n")),
                  said.constData());
     }
 }

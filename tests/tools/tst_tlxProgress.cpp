@@ -25,7 +25,7 @@ void tst_tlxProgress::shownOnTerminal()
     const QByteArray line = "\rcopying: 1 of 2 (50 %)";
     QVERIFY2(shown.startsWith(line), shown.constData());
     // In the end the line is blank and the cursor at its start; only then follows the report.
-    const int blank = shown.indexOf('\r' + QByteArray(line.size() - 1, ' ') + '\r');
+    const int blank = shown.indexOf(QByteArray('\r' + QByteArray(line.size() - 1, ' ') + '\r'));
     const int report = shown.indexOf("Entries copied");
     QVERIFY2(blank > 0 && report > blank, shown.toHex().constData());
 }

@@ -237,7 +237,7 @@ void tst_tlxTar::damaged()
         QTEST(error.value(QLatin1String("message")).toString(), "message");
         QTEST(error.value(QLatin1String("offset")).toInt(-1), "offset");
         const QJsonValue members = run.result().value(QLatin1String("members"));
-        QTEST(members.isArray() ? members.toArray().size() : members.toInt(),
+        QTEST(members.isArray() ? int(members.toArray().size()) : members.toInt(),
               "members"); // what is readable is shown
     }
 }
