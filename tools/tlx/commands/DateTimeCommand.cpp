@@ -69,7 +69,7 @@ int runDateTime(const QCommandLineParser& parser, Report& report)
     if (arguments.size() != 1) {
         return wrongUsage(report, QStringLiteral("one date-time is expected"));
     }
-    const QString text = arguments.first();
+    const QString& text = arguments.first();
     const Qt::TimeSpec spec = parser.isSet(QStringLiteral("utc")) ? Qt::UTC : Qt::LocalTime;
     CDateTime dateTime;
     const bool read = parser.isSet(QStringLiteral("bytes"))

@@ -21,7 +21,7 @@ int runHwid(const QCommandLineParser& parser, Report& report)
     if (arguments.size() != 1) {
         return wrongUsage(report, QStringLiteral("one hardware identifier is expected"));
     }
-    const QString text = arguments.first();
+    const QString& text = arguments.first();
     CDeviceHardwareId id;
     const bool parsed = id.setHardwareId(text);
     report.add("prefix", "Prefix", id.prefix());

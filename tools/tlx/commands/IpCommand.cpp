@@ -10,7 +10,7 @@ int runIp(const QCommandLineParser& parser, Report& report)
     if (arguments.size() != 1) {
         return wrongUsage(report, QStringLiteral("one IPv6 address is expected"));
     }
-    const QString text = arguments.first();
+    const QString& text = arguments.first();
     CIPv6Address address;
     const bool accepted = address.setAddress(text);
     // Groups that the text leaves alone show when it is read over other bytes.

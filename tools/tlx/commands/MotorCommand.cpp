@@ -15,7 +15,7 @@ int runMotor(const QCommandLineParser& parser, Report& report)
     if (arguments.size() != 1) {
         return wrongUsage(report, QStringLiteral("the name of one file is expected"));
     }
-    const QString file = arguments.first();
+    const QString& file = arguments.first();
     const bool numeric = parser.isSet(QStringLiteral("numeric"));
     CMotorBaseName motor(numeric);
     const bool parsed = motor.setFileBaseName(file);

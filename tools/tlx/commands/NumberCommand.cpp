@@ -65,6 +65,7 @@ struct SType
     SResult (*result)(const QString& text, SFormat format, double factor);
 };
 
+// NOLINTBEGIN(bugprone-macro-parentheses): types take none
 #define TLX_INTEGER(Name, Type)                                                                              \
     {                                                                                                        \
         NTypes::TYPE_##Name, [](const QString& text, SFormat format, double factor) {                        \
@@ -79,6 +80,7 @@ struct SType
             return resultOf<Type>(text, format, factor, read, CTlString::to##Name);                          \
         }                                                                                                    \
     }
+// NOLINTEND(bugprone-macro-parentheses)
 
 const SType TYPES[] = {
     TLX_INTEGER(I64, long long),  TLX_INTEGER(U64, unsigned long long),
