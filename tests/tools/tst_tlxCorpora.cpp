@@ -18,6 +18,13 @@ private Q_SLOTS:
 
 namespace {
 
+// Every file is given to thirty programs, and a program takes a hundred times as long to start under Wine.
+#ifdef Q_OS_WIN
+constexpr int STEP = 10;
+#else
+constexpr int STEP = 1;
+#endif
+
 QStringList corpusFiles()
 {
     QStringList files;
@@ -36,8 +43,8 @@ void addRows()
 {
     QTest::addColumn<QString>("file");
     const QStringList files = corpusFiles();
-    for (const QString& file : files) {
-        QTest::newRow(qPrintable(file.section(QLatin1Char('/'), -3))) << file;
+    for (int i = 0; i < files.size(); i += STEP) {
+        QTest::newRow(qPrintable(files.at(i).section(QLatin1Char('/'), -3))) << files.at(i);
     }
 }
 
