@@ -89,8 +89,8 @@ void tst_tlx::everyCommandHasHelp()
     for (const QByteArray& command : commandNames()) {
         const STlxRun run = runTlx({QString::fromLatin1(command), QStringLiteral("--help")});
         QVERIFY2(run.exitCode == 0, command.constData());
-        QVERIFY2(run.output.startsWith("Usage: tlx " + command), command.constData());
-        QVERIFY2(run.output.contains("\nExample: tlx " + command), command.constData());
+        QVERIFY2(run.output.startsWith(QByteArray("Usage: tlx " + command)), command.constData());
+        QVERIFY2(run.output.contains(QByteArray("\nExample: tlx " + command)), command.constData());
         QVERIFY2(run.output.contains("--json"), command.constData());
     }
 }
@@ -103,7 +103,7 @@ void tst_tlx::manualPage()
     QVERIFY(run.output.startsWith(".TH TLX 1 "));
     QVERIFY(run.output.contains("\n.SH COMMANDS\n"));
     for (const QByteArray& command : commandNames()) {
-        QVERIFY2(run.output.contains("\n.SS " + command + "\n"), command.constData());
+        QVERIFY2(run.output.contains(QByteArray("\n.SS " + command + "\n")), command.constData());
     }
 }
 
