@@ -84,9 +84,15 @@ function(tlx_add_test name)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     tlx_configure_target(${name})
     target_link_libraries(${name} PRIVATE tlxCore tlxTestSupport ${TLX_QT}::Test ${arg_LIBRARIES})
+    if(TLXCORE_PRECOMPILE)
+        target_precompile_headers(${name} REUSE_FROM tlxTestHeaders)
+    endif()
     add_test(NAME ${name} COMMAND ${name})
     # Wine takes several times as long for files and processes.
     set_tests_properties(${name} PROPERTIES TIMEOUT $<IF:$<BOOL:${CMAKE_CROSSCOMPILING}>,1200,300>)
+    if(CMAKE_CROSSCOMPILING)
+        set_tests_properties(${name} PROPERTIES ENVIRONMENT QTEST_FUNCTION_TIMEOUT=1100000)
+    endif()
 endfunction()
 
 # One Google Benchmark program; PEERS are the libraries that it measures beside ours.

@@ -1,5 +1,6 @@
 #include <core/app/SharedNames.h>
 
+#include <QRegExp>
 #include <QSet>
 #include <QtTest>
 

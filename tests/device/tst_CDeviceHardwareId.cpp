@@ -3,6 +3,7 @@
 
 #include <tests/support/Texts.h>
 
+#include <QRegExp>
 #include <QtTest>
 
 namespace {

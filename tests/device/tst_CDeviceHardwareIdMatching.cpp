@@ -3,6 +3,7 @@
 #include <tests/device/HardwareIdRules.h>
 #include <tests/support/HostileTexts.h>
 
+#include <QRegExp>
 #include <QtTest>
 
 namespace {

@@ -3,6 +3,7 @@
 #include <tests/support/HostileTexts.h>
 #include <tests/support/MessageLog.h>
 
+#include <QRegExp>
 #include <QtTest>
 
 namespace {

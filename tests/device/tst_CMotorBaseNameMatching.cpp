@@ -4,6 +4,7 @@
 #include <tests/support/StreamBytes.h>
 
 #include <QFileInfo>
+#include <QRegExp>
 #include <QtTest>
 
 namespace {

@@ -5,6 +5,7 @@
 #include <tests/support/Texts.h>
 
 #include <QHash>
+#include <QRegExp>
 #include <QtTest>
 
 #include <utility>
