@@ -18,11 +18,14 @@ int reportedWidth()
 
 void blankErrorLine(int columns)
 {
-    bool isWritten = write(STDERR_FILENO, "\r", 1) == 1;
-    for (int i = 0; i < columns && isWritten; ++i) {
-        isWritten = write(STDERR_FILENO, " ", 1) == 1;
+    const auto show = [](char character) { return write(STDERR_FILENO, &character, 1) == 1; };
+    bool isShown = show('\r');
+    for (int i = 0; i < columns && isShown; ++i) {
+        isShown = show(' ');
     }
-    isWritten = isWritten && write(STDERR_FILENO, "\r", 1) == 1;
+    if (isShown) {
+        show('\r');
+    }
 }
 
 } // namespace NTerminal
