@@ -1,5 +1,6 @@
 #include <core/tlxCore.h>
 #include <core/tlxCoreQTest.h>
+#include <tests/support/ShownValue.h>
 
 #include <QtTest>
 
@@ -20,13 +21,6 @@ private Q_SLOTS:
 };
 
 namespace {
-
-template <typename T>
-QByteArray shown(const T& value)
-{
-    const QScopedArrayPointer<char> text(QTest::toString(value));
-    return QByteArray(text.data());
-}
 
 CDeviceItem lift()
 {
