@@ -17,7 +17,7 @@ bool fits(const QString& text, int base, Integer& value)
         return ok && wide >= std::numeric_limits<Integer>::min()
                && wide <= std::numeric_limits<Integer>::max();
     }
-    const quint64 wide = text.toULongLong(&ok, base);
+    const quint64 wide = NQtCompat::integerText(text).toULongLong(&ok, base);
     value = static_cast<Integer>(wide);
     return ok && wide <= static_cast<quint64>(std::numeric_limits<Integer>::max());
 }

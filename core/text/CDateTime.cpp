@@ -42,10 +42,11 @@ void showInstant(QDebug& debug, const QDateTime& dateTime)
     if (!dateTime.isValid()) {
         debug << "not valid, " << dateTime.date() << ", " << dateTime.time();
     } else {
-        const int offset = dateTime.offsetFromUtc() / MINUTE * MINUTE;
-        const QString text = dateTime.toOffsetFromUtc(offset).toString(Qt::ISODateWithMs);
+        const int offset = NQtCompat::offsetFromUtc(dateTime) / MINUTE * MINUTE;
+        const QDateTime utc = NQtCompat::toTimeSpec(dateTime, Qt::UTC);
+        const QString text = utc.toOffsetFromUtc(offset).toString(Qt::ISODateWithMs);
         if (text.isEmpty()) {
-            debug << dateTime.toMSecsSinceEpoch() << " ms since 1970";
+            debug << utc.toMSecsSinceEpoch() << " ms since 1970";
         } else {
             debug << text;
         }
@@ -132,9 +133,19 @@ CDateTime CDateTime::fromI64ByteArray(const QByteArray& bytes, Qt::TimeSpec spec
     return CDateTime(qFromLittleEndian<qint64>(eight.constData()), spec);
 }
 
+bool CDateTime::operator==(const CDateTime& other) const
+{
+    return NQtCompat::isEqual(mDateTime, other.mDateTime);
+}
+
+bool CDateTime::operator<(const CDateTime& other) const
+{
+    return NQtCompat::isBefore(mDateTime, other.mDateTime);
+}
+
 QDataStream& operator<<(QDataStream& stream, const CDateTime& dateTime)
 {
-    NQtCompat::writeDateTime(stream, NDateTimeStream::writable(dateTime.mDateTime));
+    NQtCompat::write(stream, NDateTimeStream::writable(dateTime.mDateTime));
     return stream;
 }
 
@@ -146,7 +157,7 @@ QDataStream& operator>>(QDataStream& stream, CDateTime& dateTime)
 
 NQtCompat::THash qHash(const CDateTime& dateTime, NQtCompat::THash seed) noexcept
 {
-    return qHash(dateTime.mDateTime, seed);
+    return NQtCompat::hashOf(dateTime.mDateTime, seed);
 }
 
 QDebug operator<<(QDebug debug, const CDateTime& dateTime)

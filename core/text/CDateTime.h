@@ -113,18 +113,18 @@ public:
     static CDateTime fromI64ByteArray(const QByteArray& bytes, Qt::TimeSpec spec);
 
     /// Compares instants, whatever the time specs, as QDateTime does.
-    bool operator==(const CDateTime& other) const { return mDateTime == other.mDateTime; }
+    bool operator==(const CDateTime& other) const;
     /// The negation of operator==.
-    bool operator!=(const CDateTime& other) const { return mDateTime != other.mDateTime; }
+    bool operator!=(const CDateTime& other) const { return !(*this == other); }
 
     /// @name Order of instants
     /// @{
 
     /// Compares instants.
-    bool operator<(const CDateTime& other) const { return mDateTime < other.mDateTime; }
-    bool operator>(const CDateTime& other) const { return mDateTime > other.mDateTime; }
-    bool operator<=(const CDateTime& other) const { return mDateTime <= other.mDateTime; }
-    bool operator>=(const CDateTime& other) const { return mDateTime >= other.mDateTime; }
+    bool operator<(const CDateTime& other) const;
+    bool operator>(const CDateTime& other) const { return other < *this; }
+    bool operator<=(const CDateTime& other) const { return !(other < *this); }
+    bool operator>=(const CDateTime& other) const { return !(*this < other); }
     /// @}
 
 private:

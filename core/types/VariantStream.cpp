@@ -1,5 +1,6 @@
 #include <core/types/VariantStream.h>
 
+#include <core/base/QtZones.h>
 #include <core/types/DateTimeStream.h>
 #include <core/types/MetaTypes.h>
 #include <core/types/VariantTypeNumbers.h>
@@ -246,7 +247,8 @@ void write(QDataStream& stream, const QVariant& payload, qint32 tag)
     if (size > 0 && !payload.isNull()) {
         writeNumber(stream, payload, size, tag);
     } else {
-        stream << payload << tag;
+        NQtCompat::write(stream, payload);
+        stream << tag;
     }
 }
 
