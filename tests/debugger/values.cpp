@@ -1,6 +1,8 @@
 // Values for the debugger's test: gdb stops in done() and prints those of main().
 #include <core/tlxCore.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstring>
 
 namespace {
@@ -24,6 +26,22 @@ CDeviceList hallList()
     CDeviceItem item;
     item.hostAddress = QHostAddress(QStringLiteral("fe80::1"));
     list.addDevice(70000, item);
+    return list;
+}
+
+CDeviceList single(const QString& name)
+{
+    CDeviceList list;
+    CDeviceItem item;
+    item.name = name;
+    list.addDevice(7, item);
+    return list;
+}
+
+CDeviceList twinList()
+{
+    CDeviceList list = single(QStringLiteral("First"));
+    list.unite(single(QStringLiteral("Second")));
     return list;
 }
 
@@ -62,6 +80,7 @@ int main()
     const CTime period(1500, CTime::UNIT_MS);
     const CTime odd(5, CTime::UNIT_UNKNOWN);
     const CDateTime made(0x07E803050D07092DLL, Qt::UTC);
+    const CDateTime shifted(QDateTime(QDate(2024, 3, 5), QTime(13, 7, 9, 450), Qt::OffsetFromUTC, 3600));
     const CDateTime never;
     const CIPv6Address address(QStringLiteral("fe80:0:0:0:0:0:0:1"));
     const CDeviceHardwareId board(QStringLiteral("A012_003_Board"));
@@ -70,10 +89,19 @@ int main()
     const CDeviceItem noItem;
     const CDeviceItem lift = liftItem();
     const CDeviceList hall = hallList();
+    const CDeviceList twins = twinList();
     const CTarFileInfo link = linkInfo();
     const CTime micro(7, CTime::UNIT_US);
-    alignas(CTime) unsigned char damaged[sizeof(CTime)];
+    alignas(std::max_align_t) unsigned char damaged[sizeof(CDeviceItem) + sizeof(CTarFileInfo)];
     std::memset(damaged, 0x5A, sizeof(damaged));
+    // A list whose map has nodes in a ring: whatever is a pointer in its data leads back to them.
+    const void* knot[16];
+    std::fill_n(knot, 16, static_cast<const void*>(knot));
+    const void* const data = knot;
+    alignas(CDeviceList) unsigned char ring[sizeof(CDeviceList)];
+    std::memcpy(ring, static_cast<const void*>(&hall), sizeof(ring));
+    std::memcpy(ring + (reinterpret_cast<const char*>(&hall.devices) - reinterpret_cast<const char*>(&hall)),
+                &data, sizeof(data));
     done();
     return 0;
 }
