@@ -90,8 +90,10 @@ void tst_CDateTimeZones::localTime_data()
     add("Berlin, summer", "Europe/Berlin", "2024-07-01T12:00:00", "2024-07-01T10:00:00");
     add("Berlin, winter", "Europe/Berlin", "2024-12-01T12:00:00", "2024-12-01T11:00:00");
     add("Berlin, summer of 2100", "Europe/Berlin", "2100-07-01T12:00:00", "2100-07-01T10:00:00");
-    add("London, British Standard Time of 1969", "Europe/London", "1969-07-01T12:00:00", "1969-07-01T12:00:00");
-    add("London, British Standard Time of 1970", "Europe/London", "1970-07-01T12:00:00", "1970-07-01T11:00:00");
+    add("London, British Standard Time of 1969", "Europe/London", "1969-07-01T12:00:00",
+        "1969-07-01T12:00:00");
+    add("London, British Standard Time of 1970", "Europe/London", "1970-07-01T12:00:00",
+        "1970-07-01T11:00:00");
     add("New York, summer of 1969", "America/New_York", "1969-07-01T12:00:00", "1969-07-01T17:00:00");
     add("New York, summer of 1970", "America/New_York", "1970-07-01T12:00:00", "1970-07-01T16:00:00");
     // Summer time begins on 8 March 2037 and on 11 March 2040.
@@ -183,8 +185,10 @@ void tst_CDateTimeZones::streamInUtc_data()
 
     // Days of Julian's calendar; 11:00 is 39,600,000 ms (0x025C3F80) into the day, 10:00 36,000,000 (0x02255100). Then
     // the time spec, 0.
-    QTest::newRow("1945") << QStringLiteral("1945-07-01T12:00:00") << fromHexText("0000000000251a96 025c3f80 00");
-    QTest::newRow("2024") << QStringLiteral("2024-07-01T12:00:00") << fromHexText("0000000000258b4d 02255100 00");
+    QTest::newRow("1945") << QStringLiteral("1945-07-01T12:00:00")
+                          << fromHexText("0000000000251a96 025c3f80 00");
+    QTest::newRow("2024") << QStringLiteral("2024-07-01T12:00:00")
+                          << fromHexText("0000000000258b4d 02255100 00");
 }
 
 void tst_CDateTimeZones::streamInUtc()
