@@ -40,7 +40,7 @@ quint32 OneTimeCode::value(qint64 msecs) const
 
 QString OneTimeCode::text(qint64 msecs) const
 {
-    if (digits <= 0 || digits > DIGITS_MAX) {
+    if (digits < 1 || digits > DIGITS_MAX) {
         return QString();
     }
     return QString::number(value(msecs)).rightJustified(digits, QLatin1Char('0')).right(digits);

@@ -8,6 +8,8 @@
 
 #ifdef Q_OS_WIN
 #include <windows.h>
+#else
+#include <tests/support/OtherProcess.h>
 #endif
 
 namespace {
@@ -40,6 +42,7 @@ private Q_SLOTS:
     void everyKeyIsRead();
     void directoriesAreMade();
     void noImageNoDirectory();
+    void programFolderIsMade();
     void installedFileReplacesWholly();
     void iniRules_data();
     void iniRules();
@@ -49,6 +52,8 @@ private Q_SLOTS:
     void damagedInPart();
     void directoryInPlaceOfFile();
     void unreadableFile();
+    void withoutTemporaryFolder();
+    void diskIsFull();
     void choiceIsNotRevisited();
     void productSection_data();
     void productSection();
@@ -236,6 +241,19 @@ void tst_CCompanyStrings::noImageNoDirectory()
     QVERIFY(!probe.entries().contains(QStringLiteral("Prog/Tool/etc/image")));
 }
 
+void tst_CCompanyStrings::programFolderIsMade()
+{
+    const InstalledProgram probe(QStringLiteral(COMPANY_PROBE), QStringLiteral("start"));
+    const QString bin = QStringLiteral("Prog/Tool/bin");
+    QVERIFY(!probe.entries().contains(bin));
+
+    const QMap<QString, QString> answers = probe.run({QStringLiteral("94")});
+
+    QCOMPARE(answers.value(QStringLiteral("94.exeFile")),
+             probe.root() + bin + QStringLiteral("/TollanFirmwareLoader.exe"));
+    QVERIFY(probe.entries().contains(bin));
+}
+
 void tst_CCompanyStrings::installedFileReplacesWholly()
 {
     const InstalledProgram probe(QStringLiteral(COMPANY_PROBE));
@@ -364,6 +382,7 @@ void tst_CCompanyStrings::directoryInPlaceOfFile()
 
     QCOMPARE(answers.size(), 18);
     QCOMPARE(answers.values().join(QString()), QString());
+    QCOMPARE(probe.errors(), QByteArray()); // nothing was read from what could not be opened
 }
 
 void tst_CCompanyStrings::unreadableFile()
@@ -388,6 +407,39 @@ void tst_CCompanyStrings::unreadableFile()
 
     QCOMPARE(answers.size(), 18);
     QCOMPARE(answers.values().join(QString()), QString());
+}
+
+// The settings are read from a copy of the file, and from the file itself where there can be no copy.
+void tst_CCompanyStrings::withoutTemporaryFolder()
+{
+#ifdef Q_OS_WIN
+    QSKIP("the system always has a folder for temporary files");
+#else
+    const InstalledProgram probe(QStringLiteral(COMPANY_PROBE));
+    QVERIFY(writeSettings(probe, "[COMPANY]\r\nNameLong=Own\r\n"));
+    const QByteArray folder = qgetenv("TMPDIR");
+    const auto restore =
+        qScopeGuard([&] { folder.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", folder); });
+    qputenv("TMPDIR", probe.root().toLocal8Bit() + "none");
+
+    const QMap<QString, QString> answers = probe.run(gCompany);
+
+    QCOMPARE(answers.value(QStringLiteral("longName")), QStringLiteral("Own"));
+    QCOMPARE(probe.errors(), QByteArray()); // nothing was written to what could not be opened
+#endif
+}
+
+void tst_CCompanyStrings::diskIsFull()
+{
+#ifdef Q_OS_WIN
+    QSKIP("limits a process as only Unix can");
+#else
+    const InstalledProgram probe(QStringLiteral(COMPANY_PROBE));
+    QVERIFY(writeSettings(probe, "[COMPANY]\r\nNameLong=Own\r\n"));
+
+    VERIFY_OTHER_PROCESS(OtherProcess::withFileSizeLimit(
+        0, [&] { return probe.run(gCompany).value(QStringLiteral("longName")) == QStringLiteral("Own"); }));
+#endif
 }
 
 void tst_CCompanyStrings::choiceIsNotRevisited()

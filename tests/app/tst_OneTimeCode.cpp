@@ -18,6 +18,7 @@ private Q_SLOTS:
     void counter();
     void text_data();
     void text();
+    void longestText();
     void validateLength_data();
     void validateLength();
     void validateWindow_data();
@@ -46,6 +47,21 @@ struct SRow
 const SRow ROWS[] = {
 #include "OneTimeCodeRows.inc"
 };
+
+/// Whether the system says that so many bytes are free. It says nothing outside Linux, and to a process of 32 bits.
+bool hasMemory(qint64 bytes)
+{
+    QFile file(QStringLiteral("/proc/meminfo"));
+    if (sizeof(void*) < 8 || !file.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    const QByteArray text = file.readAll();
+    const auto at = text.indexOf("MemAvailable:");
+    return at >= 0
+           && text.mid(at).split('\n').first().split(':').last().simplified().split(' ').first().toLongLong()
+                      * 1024
+                  >= bytes;
+}
 
 } // namespace
 
@@ -124,6 +140,19 @@ void tst_OneTimeCode::text()
 {
     QFETCH(int, digits);
     QTEST((OneTimeCode{"secret", 0, 30, digits}.text(NOW)), "text");
+}
+
+// A text of 2 GiB, and one character more.
+void tst_OneTimeCode::longestText()
+{
+    constexpr int LONGEST = 1073741759; // 2^30 - 1 - 64
+    if (!hasMemory(Q_INT64_C(4) << 30)) {
+        QSKIP("needs 4 GiB of memory");
+    }
+    const QString text = OneTimeCode{"secret", 0, 30, LONGEST}.text(NOW);
+    QCOMPARE(static_cast<int>(text.size()), LONGEST);
+    QVERIFY(text.endsWith(QLatin1String("0666511541")));
+    QCOMPARE((OneTimeCode{"secret", 0, 30, LONGEST + 1}.text(NOW)), QString());
 }
 
 void tst_OneTimeCode::validateLength_data()

@@ -5,13 +5,13 @@
 #include <QFileInfo>
 #include <QProcess>
 
-InstalledProgram::InstalledProgram(const QString& program)
+InstalledProgram::InstalledProgram(const QString& program, const QString& folder)
 {
     mRoot = QFileInfo(mDirectory.path()).canonicalFilePath() + QLatin1Char('/');
     mOrigin = QDir::toNativeSeparators(QFileInfo(program).absolutePath());
-    mProgram = install() + QLatin1String("bin/") + QFileInfo(program).fileName();
-    mIsValid = mDirectory.isValid() && QDir().mkpath(install() + QLatin1String("bin"))
-               && QDir().mkpath(home()) && QFile::copy(program, mProgram);
+    mProgram = install() + folder + QLatin1Char('/') + QFileInfo(program).fileName();
+    mIsValid = mDirectory.isValid() && QDir().mkpath(install() + folder) && QDir().mkpath(home())
+               && QFile::copy(program, mProgram);
 }
 
 QStringList InstalledProgram::environment() const
@@ -52,6 +52,7 @@ QMap<QString, QString> InstalledProgram::run(const QStringList& arguments, const
         || process.exitCode() != 0) {
         return answers;
     }
+    mErrors = process.readAllStandardError();
     const QString output = QString::fromUtf8(process.readAllStandardOutput());
     const QStringList lines = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (const QString& line : lines) {

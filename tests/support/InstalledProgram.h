@@ -15,8 +15,8 @@
 class InstalledProgram
 {
 public:
-    /// Copies the program; isValid() says whether that worked.
-    explicit InstalledProgram(const QString& program);
+    /// Copies the program, into another folder of the installation if wanted; isValid() says whether that worked.
+    explicit InstalledProgram(const QString& program, const QString& folder = QStringLiteral("bin"));
 
     bool isValid() const { return mIsValid; }
 
@@ -35,6 +35,8 @@ public:
     /// Runs it and gives its answers by name; empty when it fails. `unset` names variables that it must not see.
     QMap<QString, QString> run(const QStringList& arguments = {}, const QStringList& unset = {}) const;
 
+    QByteArray errors() const { return mErrors; } ///< What the last run wrote to the standard error.
+
     /// Every file and directory below the temporary directory, relative to it, except the copied program.
     QStringList entries() const;
 
@@ -43,6 +45,7 @@ private:
     QString mRoot;
     QString mOrigin;
     QString mProgram;
+    mutable QByteArray mErrors;
     bool mIsValid = false;
 };
 
