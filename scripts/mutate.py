@@ -1,122 +1,57 @@
 """Seeded mutants of core/; see scripts/mutate."""
 
+import argparse
+import collections
 import concurrent.futures
+import contextlib
 import json
 import pathlib
-import random
-import re
 import resource
+import shutil
 import subprocess
 import sys
+import threading
 import time
+
+import mutants as places
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 WORK = ROOT / "build" / "mutants"
-SOURCE = WORK / "source"
 PRESETS = ["debug", "asan-ubsan"]
 SANDBOX = ["bwrap", "--ro-bind", "/", "/", "--dev", "/dev", "--proc", "/proc", "--tmpfs", "/tmp", "--unshare-pid",
            "--unshare-net", "--die-with-parent", "--cap-add", "ALL"]
-JOBS = 2
+WORKERS = 2  # each has a tree and one process of its own
 MEMORY = 6 << 30  # of one test program; a sanitizer reserves addresses without limit
-
-# clang-format sets blanks around every binary operator, and around no bracket of a template.
-REPLACEMENTS = {
-    " == ": [" != "], " != ": [" == "],
-    " < ": [" <= "], " <= ": [" < "], " > ": [" >= "], " >= ": [" > "],
-    " && ": [" || "], " || ": [" && "],
-    " + ": [" - "], " - ": [" + "], " * ": [" / "], " / ": [" * "], " % ": [" * "],
-    " << ": [" >> "], " >> ": [" << "], " & ": [" | "], " | ": [" & "], " ^ ": [" | "],
-    " += ": [" -= "], " -= ": [" += "], " |= ": [" &= "], " &= ": [" |= "], " *= ": [" /= "], " /= ": [" *= "],
-}
-WORDS = {"true": "false", "false": "true", "++": "--", "--": "++"}
-OPERATOR = re.compile("|".join(re.escape(key) for key in sorted(REPLACEMENTS, key=len, reverse=True)))
-WORD = re.compile(r"\btrue\b|\bfalse\b|\+\+|--")
-NUMBER = re.compile(r"(?<![\w.'])(0[xX][0-9a-fA-F']+|\d[\d']*)(?=[uUlL]*(?![\w.']))")
-NOT = re.compile(r"(?<![\w)])!(?=[\w(:])")
-CALL = re.compile(r"^\s+(?!return\b|throw\b|using\b|delete\b|else\b|if\b|for\b|while\b|switch\b|case\b|do\b)"
-                  r"[\w:.>-]+\(.*\);$")
-SKIPPED_LINE = re.compile(r"^\s*(#|static_assert|using |template|Q_|///?|\*)|\bcase TYPE_|TLXCORE_EXPORT|operator<<|"
-                          r"operator>>|static_cast<.*\bstream\b")
-
-
-def blank_texts(source):
-    """The source with comments and texts blanked out, every other character in its place."""
-    pattern = r'//[^\n]*|/\*.*?\*/|R"\((?:.*?)\)"|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])+\''
-    return re.sub(pattern, lambda match: re.sub(r"[^\n]", "~", match.group()), source, flags=re.S)
-
-
-def line_mutants(line):
-    """(start, end, replacement) of every change to one line whose comments and texts are blanked."""
-    for match in OPERATOR.finditer(line):
-        for replacement in REPLACEMENTS[match.group()]:
-            yield match.start(), match.end(), replacement
-    for match in WORD.finditer(line):
-        yield match.start(), match.end(), WORDS[match.group()]
-    for match in NUMBER.finditer(line):
-        digits = match.group().replace("'", "")
-        value = int(digits, 16) if digits[:2] in ("0x", "0X") else int(digits, 8 if digits[0] == "0" and len(digits) > 1 else 10)
-        yield match.start(), match.end(), str(value + 1)
-    for match in NOT.finditer(line):
-        yield match.start(), match.end(), ""
-    if CALL.match(line):
-        yield len(line) - len(line.lstrip()), len(line), ";"
-
-
-def compiled_files():
-    """What this processor and platform build and can run, and all headers."""
-    commands = json.loads((SOURCE / "build" / PRESETS[0] / "compile_commands.json").read_text())
-    flags = pathlib.Path("/proc/cpuinfo").read_text()
-    files = {pathlib.Path(entry["file"]) for entry in commands} | set(SOURCE.glob("core/**/*.h"))
-    for word in ("vpclmul512", "vpclmul256"):
-        if "vpclmulqdq" not in flags or ("512" in word and "avx512f" not in flags):
-            files = {file for file in files if word not in file.name.lower()}
-    return sorted(file for file in files if file.is_relative_to(SOURCE / "core"))
-
-
-def all_mutants():
-    for file in compiled_files():
-        source = file.read_text()
-        blanked = blank_texts(source)
-        offset = 0
-        for number, (line, seen) in enumerate(zip(source.split("\n"), blanked.split("\n")), 1):
-            if not SKIPPED_LINE.search(seen):
-                for start, end, replacement in line_mutants(seen):
-                    yield {"file": file, "line": number, "from": offset + start, "to": offset + end,
-                           "text": replacement, "before": line.strip(),
-                           "after": (line[:start] + replacement + line[end:]).strip()}
-            offset += len(line) + 1
+NOT_OF_THE_LIBRARY = ("tools", "docs")  # tests of the program, which need not notice what is wrong in the library
+REJECTED, SURVIVED = "rejected", "SURVIVED"  # the other verdicts name the test that killed
 
 
 def run(command, **options):
     return subprocess.run([str(part) for part in command], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, **options)
 
 
-def copy_tree():
+def copy_tree(source):
     """The tracked files as they are in the working tree; a file keeps its time when it did not change."""
-    SOURCE.mkdir(parents=True, exist_ok=True)
+    source.mkdir(parents=True, exist_ok=True)
     files = run(["git", "ls-files", "-z"], cwd=ROOT).stdout.split("\0")
-    wanted = {SOURCE / name for name in files if name and (ROOT / name).is_file()}
+    wanted = {source / name for name in files if name and (ROOT / name).is_file()}
     for target in wanted:
-        content = (ROOT / target.relative_to(SOURCE)).read_bytes()
+        content = (ROOT / target.relative_to(source)).read_bytes()
         if not target.exists() or target.read_bytes() != content:
             target.parent.mkdir(parents=True, exist_ok=True)
             target.write_bytes(content)
-            target.chmod((ROOT / target.relative_to(SOURCE)).stat().st_mode)
-    for old in SOURCE.rglob("*"):
-        if old.is_file() and old not in wanted and not old.is_relative_to(SOURCE / "build"):
+            target.chmod((ROOT / target.relative_to(source)).stat().st_mode)
+    for old in source.rglob("*"):
+        if old.is_file() and old not in wanted and not old.is_relative_to(source / "build"):
             old.unlink()
 
 
-def configure(preset):
-    """What CMake says when it fails. The tests need not be linked again for a library that has the same names."""
-    result = run(["cmake", "--preset", preset, "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"], cwd=SOURCE)
-    return result.stdout if result.returncode else ""
-
-
-def build(preset, targets):
-    """Builds the targets; the compiler's output when it fails."""
-    result = run(["cmake", "--build", "--preset", preset, "-j", JOBS, "--target", *targets], cwd=SOURCE)
-    return result.stdout if result.returncode else ""
+def configure(source, preset):
+    """The tests need not be linked again for a library that has the same names; lld links it in a quarter of the time."""
+    linker = [f"-DCMAKE_{kind}_LINKER_FLAGS=-fuse-ld=lld" for kind in ("EXE", "SHARED") if shutil.which("ld.lld")]
+    result = run(["cmake", "--preset", preset, "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON", *linker], cwd=source)
+    if result.returncode:
+        sys.exit(result.stdout)
 
 
 def tests_of(folder):
@@ -124,14 +59,18 @@ def tests_of(folder):
     listed = json.loads(run(["ctest", "--test-dir", folder, "--show-only=json-v1"]).stdout)
     for test in listed["tests"]:
         place = next(p["value"] for p in test["properties"] if p["name"] == "WORKING_DIRECTORY")
-        if test["name"].startswith("tst_"):
-            yield test["name"], pathlib.Path(place).name, f"{place}/{test['name']}", place
+        room = pathlib.Path(place).name
+        if test["name"].startswith("tst_") and room not in NOT_OF_THE_LIBRARY:
+            yield test["name"], room, f"{place}/{test['name']}", place
 
 
-def run_test(test, limit):
-    name, _, program, place = test
+def run_test(test, seconds):
+    """Whether it failed, and how long it took. The processor's time is limited: a busy machine ends no test early."""
+    _, _, program, place = test
 
     def confine():
+        limit = 5 + round(10 * seconds)
+        resource.setrlimit(resource.RLIMIT_CPU, (limit, limit))
         if PRESETS[1] not in place:
             resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
 
@@ -139,109 +78,212 @@ def run_test(test, limit):
     process = subprocess.Popen(SANDBOX + ["--chdir", place, "--", program], stdout=subprocess.DEVNULL,
                                stderr=subprocess.DEVNULL, preexec_fn=confine, start_new_session=True)
     try:
-        failed = process.wait(limit) != 0
+        failed = process.wait(60 + 40 * seconds) != 0
     except subprocess.TimeoutExpired:
         process.kill()
         process.wait()
         failed = True
-    return name, failed, time.monotonic() - started
-
-
-def first_failure(tests, limits):
-    """The name of a test that fails; the others are not started any more."""
-    with concurrent.futures.ThreadPoolExecutor(JOBS) as pool:
-        running = [pool.submit(run_test, test, limits[test[0]]) for test in tests]
-        for done in concurrent.futures.as_completed(running):
-            if not done.cancelled() and done.result()[1]:
-                for other in running:
-                    other.cancel()
-                return done.result()[0]
-    return ""
-
-
-def measured_limits(tests):
-    """Ten times what each test takes with the library as it is. A test that fails then is of no use here."""
-    with concurrent.futures.ThreadPoolExecutor(JOBS) as pool:
-        results = list(pool.map(lambda test: run_test(test, 600), tests))
-    failing = [name for name, failed, _ in results if failed]
-    if failing:
-        print("fail without a mutant, in the sandbox, and are left out:", ", ".join(failing))
-    return {name: 10 + 10 * seconds for name, failed, seconds in results if not failed}
+    return failed, time.monotonic() - started
 
 
 class Bench:
-    """One build of the tree, its tests and the time that each may take."""
+    """A tree with its build, the tests built so far and the time that each takes with the library as it is."""
 
-    def __init__(self, preset, room):
-        self.preset = preset
-        said = configure(preset)
-        every = [test for test in tests_of(SOURCE / "build" / preset) if room in ("", test[1])] if not said else []
-        said = said or build(preset, ["tlxCore"] + [test[0] for test in every])
+    def __init__(self, folder, preset):
+        self.source, self.preset = WORK / folder, preset
+        self.build_folder = self.source / "build" / preset
+        copy_tree(self.source)
+        configure(self.source, preset)
+        self.tests = list(tests_of(self.build_folder))
+        self.seconds, self.useless = {}, set()
+        self.kills = collections.Counter()
+
+    def build(self, tests):
+        """The compiler's output when it fails."""
+        targets = ["tlxCore"] + [test[0] for test in tests]
+        result = run(["cmake", "--build", "--preset", self.preset, "-j", "1", "--target", *targets], cwd=self.source)
+        return result.stdout if result.returncode else ""
+
+    def prepare(self, tests):
+        """Builds and times them with the library as it is. A test that fails then is of no use here."""
+        new = [test for test in tests if test[0] not in self.seconds]
+        said = self.build(new) if new else ""
         if said:
-            sys.exit(said)
-        self.limits = measured_limits(every)
-        self.tests = [test for test in every if test[0] in self.limits]
+            raise SystemExit(said)
+        for test in new:
+            failed, self.seconds[test[0]] = run_test(test, 120)
+            if failed:
+                self.useless.add(test[0])
+                print(f"{test[0]} fails without a mutant, in the sandbox, and is left out", flush=True)
 
-    def of_room(self, mutant):
-        room = mutant["file"].parent.relative_to(SOURCE / "core").parts[:1]
-        own = "tst_" + mutant["file"].stem
-        chosen = [test for test in self.tests if room and test[1] == room[0]]
-        return sorted(chosen, key=lambda test: (not test[0].startswith(own), test[0]))
+    def of_room(self, room):
+        return [test for test in self.tests if test[1] == room]
 
-    def killer(self, mutant, room_only=False):
-        """The test that notices, "" for a survivor, None for a mutant that does not compile."""
-        room = self.of_room(mutant)
-        if build(self.preset, ["tlxCore"] + [test[0] for test in room]):
-            return None
-        others = [] if room_only else [test for test in self.tests if test not in room]
-        return first_failure(room, self.limits) or first_failure(others, self.limits)
+    def stages(self, mutant, rooms):
+        """The tests that may notice: the file's own, then those of its room or of the others; quick ones first."""
+        name, stem = mutant["name"], mutant["file"].stem
+        tests = [test for test in self.tests if test[0] not in self.useless and test[1] in rooms]
+        tests.sort(key=lambda test: (-self.kills[name, test[0]], self.seconds[test[0]]))
+        own = [test for test in tests if self.kills[name, test[0]] or test[0][4:].startswith(stem) or
+               stem.startswith(test[0][4:])]
+        return own, [test for test in tests if test not in own]
+
+    def killer(self, mutant, rooms):
+        """The test that notices, SURVIVED or REJECTED, when it does not compile."""
+        own, others = self.stages(mutant, rooms)
+        for stage in (own, others):
+            if self.build(stage):
+                return REJECTED
+            for test in stage:
+                if all(run_test(test, self.seconds[test[0]])[0] for _ in range(1 if test in own else 2)):
+                    self.kills[mutant["name"], test[0]] += 1
+                    return test[0]
+        return SURVIVED
+
+    def attempt(self, mutant, offset, rooms):
+        """What becomes of the mutant, so many characters further on in its file, in the tests of these rooms."""
+        file = self.source / mutant["name"]
+        original = file.read_bytes()
+        source = original.decode()
+        file.write_text(source[:offset + mutant["from"]] + mutant["text"] + source[offset + mutant["to"]:])
+        try:
+            return self.killer(dict(mutant, file=file), rooms)
+        finally:
+            file.write_bytes(original)
 
 
-def with_mutant(mutant, action):
-    original = mutant["file"].read_bytes()
-    source = original.decode()
-    mutant["file"].write_text(source[:mutant["from"]] + mutant["text"] + source[mutant["to"]:])
-    try:
-        return action()
-    finally:
-        mutant["file"].write_bytes(original)
+def room_of(mutant):
+    parts = pathlib.PurePath(mutant["name"]).parts
+    return parts[1] if len(parts) > 2 else ""
+
+
+def near(build, mutant):
+    """The rooms whose tests look at the file: its own, and for what all rooms share those that include it."""
+    users = places.including(build, mutant["name"]) if room_of(mutant) == "base" else []
+    return {room_of(mutant)} | {room_of({"name": source}) for source in users}
 
 
 def describe(mutant):
-    return f"{mutant['file'].relative_to(SOURCE)}:{mutant['line']}: {mutant['before']}   ==>   {mutant['after']}"
+    return f"{mutant['name']}:{mutant['line']}: {mutant['before']}   ==>   {mutant['after']}"
 
 
-def try_mutants(bench, mutants, count):
-    """Tries mutants until so many of them compiled; the survivors."""
-    survivors, tried = [], 0
-    for mutant in mutants:
-        if tried == count:
+class Results:
+    """What became of each mutant, in a file that a later run goes on with."""
+
+    def __init__(self, path):
+        self.path, self.lock, self.verdicts = path, threading.Lock(), {}
+        if path and path.exists():
+            for line in path.read_text().splitlines():
+                entry = json.loads(line)
+                self.verdicts[entry["key"]] = entry["verdict"]
+
+    def known(self, mutant):
+        """A survivor is tried again: a test may have come."""
+        return self.verdicts.get(mutant["key"], SURVIVED) != SURVIVED
+
+    def of(self, mutant):
+        return self.verdicts.get(mutant["key"])
+
+    def add(self, mutant, verdict, seconds, note=""):
+        with self.lock:
+            self.verdicts[mutant["key"]] = verdict
+            shown = verdict if verdict in (REJECTED, SURVIVED) else f"killed by {verdict}"
+            print(f"{len(self.verdicts):4} {shown + note:40} {seconds:5.1f} s  {describe(mutant)}", flush=True)
+            if self.path:
+                with self.path.open("a") as out:
+                    out.write(json.dumps({"key": mutant["key"], "verdict": verdict}) + "\n")
+
+
+class Queue:
+    """Mutants by file. Two workers begin at the two ends of the rooms, so that each builds other tests."""
+
+    def __init__(self, mutants, cost):
+        self.lock, self.files = threading.Lock(), collections.defaultdict(list)
+        for mutant in mutants:
+            self.files[mutant["name"]].append(mutant)
+        self.order = sorted(self.files, key=lambda name: (room_of(self.files[name][0]), cost[name], name))
+
+    def take(self, worker):
+        """The mutants of one file: each build then compiles one change."""
+        with self.lock:
+            if not self.order:
+                return []
+            room = room_of(self.files[self.order[0 if worker % 2 == 0 else -1]][0])
+            name = next(name for name in self.order if room_of(self.files[name][0]) == room)
+            self.order.remove(name)
+            return self.files[name]
+
+
+@contextlib.contextmanager
+def precompiled(bench, batch):
+    """What the sources of a batch include of Qt and the C++ library, compiled once: three quarters of their time."""
+    source, build = bench.source, bench.build_folder
+    files = places.including(build, batch[0]["name"])
+    header = source / "build" / "precompiled.h"
+    useful = len(files) * len(batch) > 3 and bench.preset == PRESETS[0]
+    if useful:
+        header.write_text(places.foreign_includes(build, files))
+        useful = "#include <Q" in header.read_text() and run(
+            places.library_commands(build)[source / files[0]] + ["-x", "c++-header", header, "-o", f"{header}.gch"],
+            cwd=build).returncode == 0
+    originals = {source / name: (source / name).read_bytes() for name in files} if useful else {}
+    first = f'#include "{header}"\n#line 1\n'.encode()
+    for file, content in originals.items():
+        file.write_bytes(first + content)
+    try:
+        yield len(first) if source / batch[0]["name"] in originals else 0
+    finally:
+        for file, content in originals.items():
+            file.write_bytes(content)
+
+
+def try_all(benches, mutants, results, rooms_for, note=""):
+    """Every worker tries mutants, file by file."""
+    dependent = places.dependencies(benches[0].build_folder)
+    cost = collections.Counter(name for names in dependent.values() for name in names)
+    queue = Queue(mutants, cost)
+
+    def work(worker):
+        while batch := queue.take(worker):
+            bench = benches[worker]
+            rooms = rooms_for(batch[0])
+            bench.prepare([test for test in bench.tests if test[1] in rooms])
+            with precompiled(bench, batch) as offset:
+                for mutant in batch:
+                    started = time.monotonic()
+                    verdict = bench.attempt(mutant, offset, rooms)
+                    results.add(mutant, verdict, time.monotonic() - started, note)
+
+    with concurrent.futures.ThreadPoolExecutor(len(benches)) as pool:
+        for done in [pool.submit(work, worker) for worker in range(len(benches))]:
+            done.result()
+
+
+def sample(ordered, count, results):
+    """The first mutants in the order, so many of which compile as far as is known."""
+    wanted = []
+    for mutant in ordered:
+        if len([m for m in wanted if results.of(m) != REJECTED]) == count:
             break
-        started = time.monotonic()
-        killer = with_mutant(mutant, lambda: bench.killer(mutant))
-        if killer is None:
-            continue
-        tried += 1
-        verdict = f"killed by {killer}" if killer else "SURVIVED"
-        print(f"{tried:4} {verdict:34} {time.monotonic() - started:5.1f} s  {describe(mutant)}", flush=True)
-        if not killer:
-            survivors.append(mutant)
-    return survivors, tried
+        wanted.append(mutant)
+    return wanted
 
 
-def sanitized(survivors, only_room):
-    """Those survivors that the sanitizers do not notice either."""
-    if not survivors:
-        return []
-    print("\nsurvivors under AddressSanitizer and UndefinedBehaviorSanitizer", flush=True)
-    bench = Bench(PRESETS[1], only_room)
-    left = []
-    for mutant in survivors:
-        killer = with_mutant(mutant, lambda: bench.killer(mutant, room_only=True))
-        print(f"     {'killed by ' + killer if killer else 'SURVIVED':34} {describe(mutant)}", flush=True)
-        if not killer:
-            left.append(mutant)
-    return left
+def survivors_of(mutants, results):
+    return [mutant for mutant in mutants if results.of(mutant) == SURVIVED]
+
+
+def try_sample(benches, ordered, count, results):
+    """Each mutant meets the tests of its room; then survivors meet all others. What was tried and compiles."""
+    while True:
+        wanted = sample(ordered, count, results)
+        untried = [mutant for mutant in wanted if results.of(mutant) is None]
+        if not untried:
+            break
+        try_all(benches, untried, results, lambda mutant: near(benches[0].build_folder, mutant))
+    rooms = {test[1] for test in benches[0].tests}
+    try_all(benches, survivors_of(wanted, results), results, lambda mutant: rooms, " in all rooms")
+    return [mutant for mutant in wanted if results.of(mutant) != REJECTED]
 
 
 def listed_as_equivalent():
@@ -249,36 +291,50 @@ def listed_as_equivalent():
     return lambda mutant: f"`{mutant['after']}`" in text
 
 
-def chosen(arguments, room):
-    """The mutants to try, in order, and how many of them."""
-    mutants = [m for m in all_mutants() if m["file"].is_relative_to(SOURCE / "core" / room)]
-    if arguments[:1] == ["--only"] and len(arguments) == 2:
-        file, _, line = arguments[1].partition(":")
-        mutants = [m for m in mutants if m["file"] == SOURCE / file and line in ("", str(m["line"]))]
-        return mutants, len(mutants)
-    count, seed = (int(argument) for argument in (arguments + ["50", "1"][len(arguments):]))
-    random.Random(seed).shuffle(mutants)
-    return mutants, count
-
-
-def main():
-    arguments, room = sys.argv[1:], ""
-    if arguments[:1] == ["--room"] and len(arguments) > 1:
-        room, arguments = arguments[1], arguments[2:]
-    copy_tree()
-    bench = Bench(PRESETS[0], room)
-    mutants, count = chosen(arguments, room)
-    print(f"{len(mutants)} places; {len(bench.tests)} test programs", flush=True)
-    survivors, tried = try_mutants(bench, mutants, count)
-    left = sanitized(survivors, room)
+def report(tried, results, sanitized):
     is_listed = listed_as_equivalent()
-    equivalent = [mutant for mutant in left if is_listed(mutant)]
+    left = survivors_of(tried, results)
     unknown = [mutant for mutant in left if not is_listed(mutant)]
-    print(f"\n{tried} mutants: {tried - len(left)} killed ({len(survivors) - len(left)} of them by a sanitizer only), "
-          f"{len(equivalent)} equivalent, {len(unknown)} survived")
+    print(f"\n{len(tried)} mutants: {len(tried) - len(left)} killed ({len(sanitized)} of them by a sanitizer only), "
+          f"{len(left) - len(unknown)} equivalent, {len(unknown)} survived")
     for mutant in unknown:
         print("  " + describe(mutant))
     return 1 if unknown else 0
+
+
+def arguments():
+    parser = argparse.ArgumentParser(prog="scripts/mutate")
+    parser.add_argument("count", nargs="?", type=int, default=50)
+    parser.add_argument("seed", nargs="?", type=int, default=1)
+    parser.add_argument("--room", default="")
+    parser.add_argument("--only", default="")
+    return parser.parse_args()
+
+
+def chosen(given, ordered):
+    """The mutants to try, in order, and how many of them."""
+    if given.only:
+        file, _, line = given.only.partition(":")
+        ordered = [m for m in ordered if m["name"] == file and line in ("", str(m["line"]))]
+        return ordered, len(ordered)
+    return [m for m in ordered if given.room in ("", room_of(m))], given.count
+
+
+def main():
+    given = arguments()
+    folders = ["only"] if given.only else [f"{worker}" for worker in range(WORKERS)]
+    benches = [Bench(folder, PRESETS[0]) for folder in folders]
+    ordered = places.in_seeded_order(places.all_mutants(benches[0].source), given.seed)
+    mutants, count = chosen(given, ordered)
+    print(f"{len(mutants)} places; {len(benches[0].tests)} test programs", flush=True)
+    results = Results(None if given.only else WORK / "results")
+    tried = try_sample(benches, mutants, count, results)
+    is_listed = listed_as_equivalent()
+    survivors = [mutant for mutant in survivors_of(tried, results) if not is_listed(mutant)]
+    if survivors:
+        bench = Bench(folders[0], PRESETS[1])
+        try_all([bench], survivors, results, lambda mutant: near(benches[0].build_folder, mutant), " under sanitizers")
+    return report(tried, results, [m for m in survivors if results.of(m) != SURVIVED])
 
 
 if __name__ == "__main__":
