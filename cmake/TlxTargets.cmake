@@ -60,6 +60,18 @@ function(tlx_configure_target target)
     endif()
 endfunction()
 
+# Doubles have the same results on every processor. The old registers of 32-bit x86 hold wider intermediate results;
+# arm64 and s390x compute a product and a sum in one step, with one rounding less, unless they are told not to.
+function(tlx_same_doubles target)
+    if(MSVC)
+        return()
+    endif()
+    target_compile_options(${target} PRIVATE -ffp-contract=off)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(i[3-6]86|x86|x86_64|AMD64)$")
+        target_compile_options(${target} PRIVATE -msse2 -mfpmath=sse)
+    endif()
+endfunction()
+
 # Adds the sources of one folder of the library, and its public headers to the list that is installed:
 #   tlx_core_folder(PUBLIC a.h b.h PRIVATE a.cpp c.h)
 function(tlx_core_folder)

@@ -5,7 +5,11 @@
 
 #include <QtEndian>
 
+#include <cfloat>
 #include <cmath>
+
+// Results that differed between processors would differ between the tools of one drive: see tlx_same_doubles in cmake.
+static_assert(FLT_EVAL_METHOD == 0, "a double is rounded after each step");
 
 namespace {
 

@@ -72,6 +72,9 @@ void tst_CMath::round_data()
     QTest::newRow("formula, not std::round") << 0.49999999999999994 << 0U << 1.0;
     // Above 2^52 the sum cannot hold the half: std::round gives the number itself.
     QTest::newRow("odd number above 2^52") << 4503599627370497.0 << 0U << 4503599627370498.0;
+    // The product 4503599627370498.125 becomes ...498 before the half is added, and the sum's tie goes to the even ...498;
+    // in one step both would become ...499.
+    QTest::newRow("product is rounded before the sum") << 450359962737049.8125 << 1U << 450359962737049.8;
     QTest::newRow("largest below 2^63") << 9223372036854774784.0 << 0U << 9223372036854774784.0;
     QTest::newRow("2^63 cannot be held") << TWO_63 << 0U << -TWO_63;
     QTest::newRow("-2^63") << -TWO_63 << 0U << -TWO_63;
