@@ -1,28 +1,39 @@
-# Toolchain: 64-bit Windows, MinGW-w64 with posix threads, from Linux. Programs run under Wine through scripts/run-wine.
+# Toolchain: 64-bit Windows, MinGW-w64 with posix threads, from Linux; mingw-w64-posix-32.cmake makes it 32-bit. Programs
+# run under Wine through scripts/run-wine.
 # Qt for Windows is looked for where scripts/build-qt-windows puts it; TLXCORE_WINDOWS_QT (variable or environment)
 # names another folder.
 
-set(CMAKE_SYSTEM_NAME Windows)
-set(CMAKE_SYSTEM_PROCESSOR x86_64)
+if(NOT DEFINED TLXCORE_WINDOWS_PROCESSOR)
+    set(TLXCORE_WINDOWS_PROCESSOR x86_64)
+endif()
+if(TLXCORE_WINDOWS_PROCESSOR STREQUAL "i686")
+    set(_tlx_qt_name qt-5.15-mingw32)
+else()
+    set(_tlx_qt_name qt-5.15-mingw64)
+endif()
+set(_tlx_triplet ${TLXCORE_WINDOWS_PROCESSOR}-w64-mingw32)
 
-set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
-set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
-set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR ${TLXCORE_WINDOWS_PROCESSOR})
+
+set(CMAKE_C_COMPILER ${_tlx_triplet}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${_tlx_triplet}-g++-posix)
+set(CMAKE_RC_COMPILER ${_tlx_triplet}-windres)
 
 if(DEFINED TLXCORE_WINDOWS_QT)
     set(_tlx_qt "${TLXCORE_WINDOWS_QT}")
 elseif(DEFINED ENV{TLXCORE_WINDOWS_QT})
     set(_tlx_qt "$ENV{TLXCORE_WINDOWS_QT}")
 elseif(DEFINED ENV{TLXCORE_CACHE})
-    set(_tlx_qt "$ENV{TLXCORE_CACHE}/qt-5.15-mingw64")
+    set(_tlx_qt "$ENV{TLXCORE_CACHE}/${_tlx_qt_name}")
 elseif(DEFINED ENV{XDG_CACHE_HOME})
-    set(_tlx_qt "$ENV{XDG_CACHE_HOME}/tlxcore/qt-5.15-mingw64")
+    set(_tlx_qt "$ENV{XDG_CACHE_HOME}/tlxcore/${_tlx_qt_name}")
 else()
-    set(_tlx_qt "$ENV{HOME}/.cache/tlxcore/qt-5.15-mingw64")
+    set(_tlx_qt "$ENV{HOME}/.cache/tlxcore/${_tlx_qt_name}")
 endif()
 
 list(APPEND CMAKE_PREFIX_PATH "${_tlx_qt}")
-set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH /usr/${_tlx_triplet})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 # Qt and installed copies of this library lie outside the root, so libraries and packages are looked for on both sides.
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY BOTH)
