@@ -60,7 +60,7 @@ qint64 TarHeader::size() const
 {
     const QLatin1String digits = text(SIZE);
     const qint64 value = octalNumber(digits);
-    const bool endsWithBlank = digits.size() >= SIZE.width && digits.data()[SIZE.width - 1] == ' ';
+    const bool endsWithBlank = digits.data()[SIZE.width - 1] == ' '; // no number has a zero byte before it
     return value < 0 && endsWithBlank ? octalNumber(QLatin1String(digits.data(), SIZE.width)) : value;
 }
 

@@ -7,6 +7,7 @@
 
 #include <cfloat>
 #include <cmath>
+#include <iterator>
 
 // Results that differed between processors would differ between the tools of one drive: see tlx_same_doubles in cmake.
 static_assert(FLT_EVAL_METHOD == 0, "a double is rounded after each step");
@@ -44,7 +45,7 @@ double CMath::roundUp(double value, unsigned int digits)
 
 double CMath::exp10(int exponent)
 {
-    if (static_cast<unsigned int>(exponent) < sizeof(mPowTab) / sizeof(mPowTab[0])) {
+    if (static_cast<unsigned int>(exponent) < std::size(mPowTab)) {
         return mPowTab[exponent];
     }
     return std::pow(10.0, exponent);

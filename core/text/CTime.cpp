@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 struct CTime::SData : QSharedData
 {
@@ -30,7 +31,7 @@ struct STimeUnit
 // By ETimeUnit.
 constexpr STimeUnit TIME_UNITS[] = {{u"ps", 1e-12}, {u"ns", 1e-9}, {u"\u00B5s", 1e-6}, {u"ms", 0.001},
                                     {u"s", 1},      {u"min", 60},  {u"h", 3600}};
-constexpr int TIME_UNIT_COUNT = sizeof(TIME_UNITS) / sizeof(TIME_UNITS[0]);
+constexpr int TIME_UNIT_COUNT = std::size(TIME_UNITS);
 static_assert(TIME_UNIT_COUNT == CTime::UNIT_UNKNOWN, "one row a unit");
 
 // The unit's seconds, 1 for what is no unit; dividing by 1e-12 is not multiplying by 1e12, hence fromSeconds().

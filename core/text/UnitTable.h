@@ -3,6 +3,8 @@
 
 #include <core/text/NUnits.h>
 
+#include <iterator>
+
 // The one table of what is true of each unit; the row's index is the unit's number.
 namespace NUnitTable {
 
@@ -152,7 +154,7 @@ constexpr SUnitInfo UNIT_TABLE[] = {
 
 #undef TLX_UNIT
 
-constexpr quint32 UNIT_COUNT = sizeof(UNIT_TABLE) / sizeof(UNIT_TABLE[0]);
+constexpr quint32 UNIT_COUNT = std::size(UNIT_TABLE);
 
 constexpr bool unitTableIsInOrder()
 {

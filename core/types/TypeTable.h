@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QChar>
 
+#include <iterator>
 #include <type_traits>
 
 // What is true of each value type: its row in the table, and its case in visitType(). Whoever needs to know asks here.
@@ -58,7 +59,7 @@ constexpr STypeInfo TYPE_TABLE[] = {
     {"CHAR", EKind::Char8Text, 1},
 };
 
-constexpr quint32 TYPE_COUNT = sizeof(TYPE_TABLE) / sizeof(TYPE_TABLE[0]);
+constexpr quint32 TYPE_COUNT = std::size(TYPE_TABLE);
 static_assert(TYPE_COUNT == NTypes::TYPE_CHAR + 1, "one row a type");
 
 /// The row of a type; that of "UNKNOWN" for a number outside the catalogue.

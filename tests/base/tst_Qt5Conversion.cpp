@@ -26,6 +26,7 @@ private Q_SLOTS:
     void nullValues();
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     void agreesWithQt();
+    void textsAndBytesAgreeWithQt();
 #endif
 };
 
@@ -48,6 +49,12 @@ void tst_Qt5Conversion::forgottenTypes()
     QVERIFY(!NQt5Conversion::canConvert(byte, QMetaType::UShort));
     QVERIFY(!NQt5Conversion::canConvert(byte, QMetaType::Float));
     QVERIFY(NQt5Conversion::canConvert(as<ushort>(5), QMetaType::Float));
+    for (const QVariant& number : {as<long>(5), as<ulong>(5)}) {
+        QVERIFY(NQt5Conversion::canConvert(number, QMetaType::ULongLong));
+        QVERIFY(NQt5Conversion::canConvert(number, QMetaType::SChar));
+        QVERIFY(!NQt5Conversion::canConvert(number, QMetaType::UShort));
+        QVERIFY(!NQt5Conversion::canConvert(number, QMetaType::Double));
+    }
 }
 
 void tst_Qt5Conversion::nullValues()
@@ -79,6 +86,24 @@ void tst_Qt5Conversion::agreesWithQt()
             QVERIFY2(!ok || std::memcmp(result.constData(), expected.constData(), size) == 0,
                      name.constData());
         }
+    }
+}
+
+void tst_Qt5Conversion::textsAndBytesAgreeWithQt()
+{
+    for (const QVariant& value : integers() + longs() + others()) {
+        const QByteArray name = QByteArray(value.typeName()) + ' ' + value.toByteArray();
+        QByteArray bytes;
+        if (value.canConvert(QMetaType::QByteArray)) {
+            QVERIFY2(NQt5Conversion::convert(value, QMetaType::QByteArray, &bytes), name.constData());
+            QCOMPARE(bytes, value.toByteArray());
+            QCOMPARE(bytes.isNull(), value.toByteArray().isNull());
+        }
+        QString text;
+        const bool isBytes = value.userType() == QMetaType::QByteArray;
+        QVERIFY2(NQt5Conversion::convert(value, QMetaType::QString, &text) == isBytes, name.constData());
+        QCOMPARE(text, isBytes ? value.toString() : QString());
+        QCOMPARE(text.isNull(), !isBytes || value.isNull());
     }
 }
 #endif

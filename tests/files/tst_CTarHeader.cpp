@@ -251,6 +251,12 @@ void tst_CTarHeader::sizesFail_data()
     QTest::newRow("base 256, negative") << QByteArray(12, '\xff');
     QTest::newRow("two numbers, blank at the field's end") << QByteArray("0000 000012 ");
     QTest::newRow("negative, blank at the field's end") << QByteArray("-0000000012 ");
+    QTest::newRow("zero byte first, blank at the field's end") << QByteArray("\0"
+                                                                             "0000000012 ",
+                                                                             12);
+    QTest::newRow("no number, zero byte, blank at the field's end") << QByteArray("x\0"
+                                                                                  "000000012 ",
+                                                                                  12);
     QTest::newRow("tab at the field's end") << QByteArray("00000000012\t");
     QTest::newRow("12 digits run on into the time") << QByteArray("000000000012");
 }

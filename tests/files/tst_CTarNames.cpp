@@ -33,6 +33,7 @@ class tst_CTarNames : public QObject
 private Q_SLOTS:
     void index_data();
     void index();
+    void nameWithinAText();
     void namesBetweenHeaders();
     void manyMembersOfOneName();
     void namesThatCrowd();
@@ -67,6 +68,18 @@ void tst_CTarNames::index()
     QVERIFY(tar.loadFile(writeFile(dir, QStringLiteral("x.tar"), bytes)));
     QTEST(tar.index(name), "index");
     QTEST(tar.index(name), "index"); // the second search takes another road than the first
+}
+
+// A name of an odd number of characters, behind which memory goes on without a zero character.
+void tst_CTarNames::nameWithinAText()
+{
+    const QTemporaryDir dir;
+    CTar tar;
+    QVERIFY(tar.loadFile(
+        writeFile(dir, QStringLiteral("x.tar"), tarFile("a", 0) + tarFile("one", 0) + tarEnd())));
+    const QString text = QStringLiteral("onely");
+    QCOMPARE(tar.index(QString::fromRawData(text.constData(), 3)), 1);
+    QCOMPARE(tar.index(text), -1);
 }
 
 // Names are made when somebody asks; what is indexed afterwards is found as well.

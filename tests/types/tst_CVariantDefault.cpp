@@ -13,6 +13,7 @@ private Q_SLOTS:
     void payload();
     void none_data();
     void none();
+    void textOfNoType();
     void independentOfOwnValue();
     void setDefault_data() { payload_data(); }
     void setDefault();
@@ -93,6 +94,16 @@ void tst_CVariantDefault::none()
 {
     QFETCH(NTypes::ETypes, type);
     QVERIFY(!CVariant().defaultValue(type).isValid());
+}
+
+void tst_CVariantDefault::textOfNoType()
+{
+    for (const uint number :
+         {NTypes::TYPE_CHAR + 1U, NTypes::TYPE_CHAR + 2U, 255U, 0x80000000U, 0xFFFFFFFFU}) {
+        const CVariant value(QStringLiteral("5"), static_cast<NTypes::ETypes>(number));
+        QCOMPARE(value.type(), NTypes::TYPE_UNKNOWN);
+        QVERIFY(!value.isValid());
+    }
 }
 
 void tst_CVariantDefault::independentOfOwnValue()
