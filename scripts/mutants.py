@@ -152,3 +152,70 @@ def all_mutants(source):
 def in_seeded_order(mutants, seed):
     """A mutant's place depends on itself and the seed only: a test or a line more elsewhere leaves the sample as it is."""
     return sorted(mutants, key=lambda mutant: hashlib.sha256(f"{seed} {mutant['key']}".encode()).digest())
+
+
+SWITCH = """#pragma once
+#include <cstdlib>
+namespace NMutant {
+inline int number()
+{
+    static const int chosen = [] {
+        const char* text = std::getenv("TLX_MUTANT");
+        return text ? std::atoi(text) : 0;
+    }();
+    return chosen;
+}
+}
+"""
+SCOPE = re.compile(r"\b(namespace|class|struct|union|enum)\b[^()]*$")
+FUNCTION = re.compile(r"\)\s*(const|noexcept|override|final|\s)*(->[\w\s:<>*&]+)?$")
+
+
+def function_bodies(source):
+    """(from, to) of every outermost function body between its braces, but of none that may be constant."""
+    text = re.sub(r"^[ \t]*#(?:[^\n]*\\\n)*[^\n]*", lambda match: re.sub(r"[^\n]", " ", match.group()),
+                  blank_texts(source), flags=re.M)
+    bodies, open_braces, head = [], [], 0
+    for match in re.finditer(r"[{};]", text):
+        at = match.start()
+        inside = next((kind for kind, _ in open_braces if kind != "scope"), "")
+        if match.group() == "{":
+            before = text[head:at].strip()
+            kind = "body" if FUNCTION.search(before) and "constexpr" not in before else "other"
+            open_braces.append((inside or ("scope" if SCOPE.search(before) else kind), at))
+        elif match.group() == "}" and open_braces:
+            kind, start = open_braces.pop()
+            if kind == "body" and not any(outer == "body" for outer, _ in open_braces):
+                bodies.append((start + 1, at))
+        if not inside or not open_braces:
+            head = at + 1
+    return bodies
+
+
+def switchable(source, mutants):
+    """Those mutants whose function can choose between them when it runs."""
+    bodies = function_bodies(source)
+    return [mutant for mutant in mutants if any(start <= mutant["from"] and mutant["to"] <= end for start, end in bodies)]
+
+
+def switched(source, numbered, header):
+    """The source with all these mutants, of which TLX_MUTANT chooses one, and the lines of each: {number: (first, last)}."""
+    parts, lines, at = [f'#include "{header}"\n'], {}, 0
+    for start, end in sorted(function_bodies(source)):
+        chosen = [(number, m) for number, m in numbered.items() if start <= m["from"] and m["to"] <= end]
+        if not chosen:
+            continue
+        parts.append(source[at:start] + "switch (NMutant::number()) {")
+        for number, m in chosen:
+            first = "".join(parts).count("\n") + 2
+            parts.append(f"\ncase {number}: {{" + source[start:m["from"]] + m["text"] + source[m["to"]:end] + "\n} break;")
+            lines[number] = (first, "".join(parts).count("\n") + 1)
+        parts.append("\ndefault: {" + source[start:end] + "\n}\n}\n")
+        at = end
+    return "".join(parts) + source[at:], lines
+
+
+def refused(output, name, lines):
+    """The numbers of the mutants in whose lines the compiler found an error."""
+    errors = {int(number) for number in re.findall(rf"{re.escape(name)}:(\d+):\d+: (?:fatal )?error", output)}
+    return [number for number, (first, last) in lines.items() if any(first <= line <= last for line in errors)]

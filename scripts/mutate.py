@@ -5,6 +5,7 @@ import collections
 import concurrent.futures
 import contextlib
 import json
+import os
 import pathlib
 import resource
 import shutil
@@ -27,7 +28,8 @@ REJECTED, SURVIVED = "rejected", "SURVIVED"  # the other verdicts name the test 
 
 
 def run(command, **options):
-    return subprocess.run([str(part) for part in command], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, **options)
+    return subprocess.run([str(part) for part in command], stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                          errors="replace", **options)
 
 
 def copy_tree(source):
@@ -64,7 +66,7 @@ def tests_of(folder):
             yield test["name"], room, f"{place}/{test['name']}", place
 
 
-def run_test(test, seconds):
+def run_test(test, seconds, number=0):
     """Whether it failed, and how long it took. The processor's time is limited: a busy machine ends no test early."""
     _, _, program, place = test
 
@@ -76,7 +78,8 @@ def run_test(test, seconds):
 
     started = time.monotonic()
     process = subprocess.Popen(SANDBOX + ["--chdir", place, "--", program], stdout=subprocess.DEVNULL,
-                               stderr=subprocess.DEVNULL, preexec_fn=confine, start_new_session=True)
+                               stderr=subprocess.DEVNULL, preexec_fn=confine, start_new_session=True,
+                               env=dict(os.environ, TLX_MUTANT=str(number)))
     try:
         failed = process.wait(60 + 40 * seconds) != 0
     except subprocess.TimeoutExpired:
@@ -119,25 +122,24 @@ class Bench:
     def of_room(self, room):
         return [test for test in self.tests if test[1] == room]
 
-    def stages(self, mutant, rooms):
+    def stages(self, name, rooms):
         """The tests that may notice: the file's own, then those of its room or of the others; quick ones first."""
-        name, stem = mutant["name"], mutant["file"].stem
+        stem = pathlib.PurePath(name).stem
         tests = [test for test in self.tests if test[0] not in self.useless and test[1] in rooms]
-        tests.sort(key=lambda test: (-self.kills[name, test[0]], self.seconds[test[0]]))
+        tests.sort(key=lambda test: self.seconds[test[0]])
         own = [test for test in tests if self.kills[name, test[0]] or test[0][4:].startswith(stem) or
                stem.startswith(test[0][4:])]
         return own, [test for test in tests if test not in own]
 
-    def killer(self, mutant, rooms):
-        """The test that notices, SURVIVED or REJECTED, when it does not compile."""
-        own, others = self.stages(mutant, rooms)
-        for stage in (own, others):
-            if self.build(stage):
-                return REJECTED
-            for test in stage:
-                if all(run_test(test, self.seconds[test[0]])[0] for _ in range(1 if test in own else 2)):
-                    self.kills[mutant["name"], test[0]] += 1
-                    return test[0]
+    def killer(self, name, tests, number=0):
+        """The test that notices, or SURVIVED. It fails twice, and not without the mutant."""
+        for test in sorted(tests, key=lambda test: -self.kills[name, test[0]]):
+            seconds = self.seconds[test[0]]
+            if run_test(test, seconds, number)[0] and run_test(test, seconds, number)[0]:
+                if number and run_test(test, seconds)[0]:
+                    continue
+                self.kills[name, test[0]] += 1
+                return test[0]
         return SURVIVED
 
     def attempt(self, mutant, offset, rooms):
@@ -147,7 +149,51 @@ class Bench:
         source = original.decode()
         file.write_text(source[:offset + mutant["from"]] + mutant["text"] + source[offset + mutant["to"]:])
         try:
-            return self.killer(dict(mutant, file=file), rooms)
+            for stage in self.stages(mutant["name"], rooms):
+                if self.build(stage):
+                    return REJECTED
+                killer = self.killer(mutant["name"], stage)
+                if killer != SURVIVED:
+                    return killer
+            return SURVIVED
+        finally:
+            file.write_bytes(original)
+
+    def compiled(self, file, source, numbered, tests, done):
+        """Builds the file with those mutants that compile; whether that worked."""
+        while numbered:
+            text, lines = places.switched(source, numbered, WORK / "mutant.h")
+            if file.read_text() != text:
+                file.write_text(text)
+            said = self.build(tests)
+            if not said:
+                return True
+            refused = places.refused(said, str(file.relative_to(self.source)), lines)
+            if not refused:
+                return False
+            for number in refused:
+                done(numbered.pop(number), REJECTED)
+        return True
+
+    def attempt_together(self, batch, rooms, done):
+        """Tries the mutants of one file in one build, and gives back those that must be tried alone."""
+        file = self.source / batch[0]["name"]
+        original = file.read_bytes()
+        numbered = dict(enumerate(places.switchable(original.decode(), batch), 1))
+        alone = [mutant for mutant in batch if mutant not in numbered.values()]
+        left = dict(numbered)
+        try:
+            for stage in self.stages(batch[0]["name"], rooms):
+                if not self.compiled(file, original.decode(), numbered, stage, done):
+                    return alone + [mutant for number, mutant in left.items() if number in numbered]
+                left = {number: mutant for number, mutant in left.items() if number in numbered}
+                for number, mutant in list(left.items()):
+                    killer = self.killer(batch[0]["name"], stage, number)
+                    if killer != SURVIVED:
+                        done(left.pop(number), killer)
+            for mutant in left.values():
+                done(mutant, SURVIVED)
+            return alone
         finally:
             file.write_bytes(original)
 
@@ -217,6 +263,9 @@ class Queue:
 @contextlib.contextmanager
 def precompiled(bench, batch):
     """What the sources of a batch include of Qt and the C++ library, compiled once: three quarters of their time."""
+    if not batch:
+        yield 0
+        return
     source, build = bench.source, bench.build_folder
     files = places.including(build, batch[0]["name"])
     header = source / "build" / "precompiled.h"
@@ -244,15 +293,21 @@ def try_all(benches, mutants, results, rooms_for, note=""):
     queue = Queue(mutants, cost)
 
     def work(worker):
+        bench = benches[worker]
         while batch := queue.take(worker):
-            bench = benches[worker]
+            started = time.monotonic()
+
+            def done(mutant, verdict):
+                nonlocal started
+                results.add(mutant, verdict, time.monotonic() - started, note)
+                started = time.monotonic()
+
             rooms = rooms_for(batch[0])
             bench.prepare([test for test in bench.tests if test[1] in rooms])
-            with precompiled(bench, batch) as offset:
-                for mutant in batch:
-                    started = time.monotonic()
-                    verdict = bench.attempt(mutant, offset, rooms)
-                    results.add(mutant, verdict, time.monotonic() - started, note)
+            alone = bench.attempt_together(batch, rooms, done)
+            with precompiled(bench, alone) as offset:
+                for mutant in alone:
+                    done(mutant, bench.attempt(mutant, offset, rooms))
 
     with concurrent.futures.ThreadPoolExecutor(len(benches)) as pool:
         for done in [pool.submit(work, worker) for worker in range(len(benches))]:
@@ -323,6 +378,8 @@ def chosen(given, ordered):
 def main():
     given = arguments()
     folders = ["only"] if given.only else [f"{worker}" for worker in range(WORKERS)]
+    WORK.mkdir(parents=True, exist_ok=True)
+    (WORK / "mutant.h").write_text(places.SWITCH)
     benches = [Bench(folder, PRESETS[0]) for folder in folders]
     ordered = places.in_seeded_order(places.all_mutants(benches[0].source), given.seed)
     mutants, count = chosen(given, ordered)
