@@ -31,7 +31,7 @@ SProcessor processor()
     }
     const unsigned long long state = (leaf1[2] & OSXSAVE) ? _xgetbv(0) : 0;
     const auto has = [](int word, int bit) { return ((word >> bit) & 1) != 0; };
-    SProcessor found;
+    SProcessor found = {};
     found.clmul = has(leaf1[2], 1) && has(leaf1[2], 19);
     const bool vpclmul = found.clmul && has(leaf7[2], 10);
     found.vpclmul256 = vpclmul && has(leaf7[1], 5) && (state & YMM_STATE) == YMM_STATE;
@@ -44,7 +44,7 @@ SProcessor processor()
 SProcessor processor()
 {
     __builtin_cpu_init();
-    SProcessor found;
+    SProcessor found = {};
     found.clmul = __builtin_cpu_supports("pclmul") && __builtin_cpu_supports("sse4.1");
     const bool vpclmul = found.clmul && __builtin_cpu_supports("vpclmulqdq");
     found.vpclmul256 = vpclmul && __builtin_cpu_supports("avx2");

@@ -8,9 +8,9 @@ namespace NCrc32 {
 /// Extensions of the x86 instruction set that processor and operating system both support.
 struct SProcessor
 {
-    bool clmul = false;      ///< PCLMULQDQ and SSE4.1
-    bool vpclmul256 = false; ///< VPCLMULQDQ and AVX2
-    bool vpclmul512 = false; ///< VPCLMULQDQ and AVX-512 F and VL
+    bool clmul;      ///< PCLMULQDQ and SSE4.1
+    bool vpclmul256; ///< VPCLMULQDQ and AVX2
+    bool vpclmul512; ///< VPCLMULQDQ and AVX-512 F and VL
 };
 
 /// What this processor has; nothing on other architectures.
