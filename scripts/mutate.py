@@ -131,15 +131,18 @@ class Bench:
                stem.startswith(test[0][4:])]
         return own, [test for test in tests if test not in own]
 
-    def killer(self, name, tests, number=0):
-        """The test that notices, or SURVIVED. It fails twice, and not without the mutant."""
+    def killer(self, name, tests, number=0, sound=None):
+        """The test that notices, or SURVIVED. `sound` gathers the tests that pass when none of several is chosen."""
         for test in sorted(tests, key=lambda test: -self.kills[name, test[0]]):
             seconds = self.seconds[test[0]]
-            if run_test(test, seconds, number)[0] and run_test(test, seconds, number)[0]:
-                if number and run_test(test, seconds)[0]:
+            if not run_test(test, seconds, number)[0]:
+                continue
+            if number and test[0] not in sound:
+                if run_test(test, seconds)[0]:
                     continue
-                self.kills[name, test[0]] += 1
-                return test[0]
+                sound.add(test[0])
+            self.kills[name, test[0]] += 1
+            return test[0]
         return SURVIVED
 
     def attempt(self, mutant, offset, rooms):
@@ -181,14 +184,14 @@ class Bench:
         original = file.read_bytes()
         numbered = dict(enumerate(places.switchable(original.decode(), batch), 1))
         alone = [mutant for mutant in batch if mutant not in numbered.values()]
-        left = dict(numbered)
+        left, sound = dict(numbered), set()
         try:
             for stage in self.stages(batch[0]["name"], rooms):
                 if not self.compiled(file, original.decode(), numbered, stage, done):
                     return alone + [mutant for number, mutant in left.items() if number in numbered]
                 left = {number: mutant for number, mutant in left.items() if number in numbered}
                 for number, mutant in list(left.items()):
-                    killer = self.killer(batch[0]["name"], stage, number)
+                    killer = self.killer(batch[0]["name"], stage, number, sound)
                     if killer != SURVIVED:
                         done(left.pop(number), killer)
             for mutant in left.values():
