@@ -341,8 +341,7 @@ bool convert(const QVariant& value, int type, void* result)
         return toInteger<short>(value, result);
     case QMetaType::UShort:
         return toInteger<ushort>(value, result);
-    case QMetaType::Char:
-        return toInteger<char>(value, result);
+    case QMetaType::Char: // read as a signed number, also where the machine's char has no sign
     case QMetaType::SChar:
         return toInteger<signed char>(value, result);
     case QMetaType::UChar:

@@ -4,6 +4,7 @@
 
 #include <QtTest>
 
+#include <climits>
 #include <cstring>
 
 using namespace NVariantValues;
@@ -14,6 +15,12 @@ template <typename T>
 QByteArray shown(const T& value)
 {
     return QByteArray::number(value);
+}
+
+// The same on machines whose char has no sign.
+QByteArray shown(char value)
+{
+    return shown<signed char>(value);
 }
 
 QByteArray shown(const QByteArray& value)
@@ -81,6 +88,12 @@ QByteArray lineOf(const QVariant& value)
         .join('\t');
 }
 
+// The file was written where char has a sign; where it has none, these count from 128 to 255.
+bool isOtherNumber(const QVariant& value)
+{
+    return CHAR_MIN == 0 && value.userType() == QMetaType::Char && value.toInt() > SCHAR_MAX;
+}
+
 } // namespace
 
 /// A variant converts as Qt 5.15's QVariant, which wrote the lines of data/conversions.txt.
@@ -90,15 +103,26 @@ class tst_QtVariant : public QObject
 
 private Q_SLOTS:
     void conversions();
+    void charHasTheMachinesSign();
 };
 
 void tst_QtVariant::conversions()
 {
     QList<QByteArray> lines;
     for (const QVariant& value : integers() + others()) {
-        lines << lineOf(value);
+        lines << (isOtherNumber(value) ? QByteArray() : lineOf(value));
     }
     QCOMPARE(differences(lines, "conversions.txt"), 0);
+}
+
+void tst_QtVariant::charHasTheMachinesSign()
+{
+    const QVariant value = as<char>(-1);
+    bool ok = false;
+    QCOMPARE(NQtVariant::toInt(value, &ok), CHAR_MIN == 0 ? 255 : -1);
+    QVERIFY(ok);
+    QCOMPARE(NQtVariant::toDouble(value, &ok), CHAR_MIN == 0 ? 255.0 : -1.0);
+    QVERIFY(ok);
 }
 
 QTEST_APPLESS_MAIN(tst_QtVariant)

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QVector>
 
+#include <array>
 #include <csignal>
 #include <poll.h>
 #include <pty.h>
@@ -51,9 +52,9 @@ QByteArray PseudoTerminal::read()
     if (poll(&waiting, 1, 100) <= 0) {
         return QByteArray();
     }
-    QByteArray bytes(65536, Qt::Uninitialized);
-    const auto size = ::read(mMaster, bytes.data(), 65536);
-    return bytes.left(static_cast<int>(size < 0 ? 0 : size));
+    std::array<char, 65536> bytes;
+    const auto size = ::read(mMaster, bytes.data(), bytes.size());
+    return QByteArray(bytes.data(), static_cast<int>(size < 0 ? 0 : size));
 }
 
 QByteArray PseudoTerminal::readToEnd()
