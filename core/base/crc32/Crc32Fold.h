@@ -57,28 +57,13 @@ constexpr SFold foldOver(int bytes)
             static_cast<quint64>(powerOfX(bytes * 8 - 32)) << 1};
 }
 
-/// The quotient of x^64 and the polynomial, reflected: 33 bits.
-constexpr quint64 barrettQuotient()
-{
-    quint64 quotient = 0;
-    quint32 rest = 0; // of the powers taken in so far, reflected: bit 0 is x^31
-    for (int bit = 0; bit <= 64; ++bit) {
-        const bool carry = (rest & 1U) != 0;
-        rest = (rest >> 1) ^ (carry ? POLYNOMIAL : 0U) ^ (bit == 0 ? 0x80000000U : 0U);
-        if (bit >= 32) {
-            quotient |= static_cast<quint64>(carry) << (bit - 32);
-        }
-    }
-    return quotient;
-}
-
 constexpr SFold OVER_16 = foldOver(16);
-constexpr quint64 OVER_8 = static_cast<quint64>(powerOfX(64)) << 1;
+constexpr qint64 OVER_8 = static_cast<qint64>(powerOfX(64)) << 1;
 constexpr quint64 DIVISOR = static_cast<quint64>(POLYNOMIAL) << 1 | 1U;
-constexpr quint64 QUOTIENT = barrettQuotient();
+constexpr quint64 QUOTIENT = 0x1F7011641U; // of x^64 and the polynomial, reflected: 33 bits
 static_assert(OVER_16.low == 0x1751997D0U && OVER_16.high == 0x0CCAA009EU && OVER_8 == 0x163CD6124U
-                  && DIVISOR == 0x1DB710641U && QUOTIENT == 0x1F7011641U,
-              "the constants that Gopal et al. print for this polynomial");
+                  && DIVISOR == 0x1DB710641U,
+              "like the quotient, the constants that Gopal et al. print for this polynomial");
 
 inline __m128i pairOf(quint64 low, quint64 high)
 {
@@ -103,15 +88,15 @@ inline quint32 reduced(__m128i part)
     const __m128i division = pairOf(DIVISOR, QUOTIENT);
     part = _mm_xor_si128(_mm_srli_si128(part, 8),
                          _mm_clmulepi64_si128(part, pairOf(OVER_16.low, OVER_16.high), 0x10));
-    part = _mm_xor_si128(_mm_srli_si128(part, 4),
-                         _mm_clmulepi64_si128(_mm_and_si128(part, lowWords), pairOf(OVER_8, 0), 0x00));
+    part = _mm_xor_si128(_mm_srli_si128(part, 4), _mm_clmulepi64_si128(_mm_and_si128(part, lowWords),
+                                                                       _mm_cvtsi64_si128(OVER_8), 0x00));
     __m128i multiple = _mm_clmulepi64_si128(_mm_and_si128(part, lowWords), division, 0x10);
     multiple = _mm_clmulepi64_si128(_mm_and_si128(multiple, lowWords), division, 0x00);
     return static_cast<quint32>(_mm_extract_epi32(_mm_xor_si128(part, multiple), 1));
 }
 
 /// Where the bytes of a register move when it is shifted: 16 bytes from offset n shift by n - 16.
-alignas(16) constexpr uchar SHIFTS[48] = {
+alignas(16) constexpr uchar SHIFTS[] = {
     0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80,
     0,    1,    2,    3,    4,    5,    6,    7,    8,    9,    10,   11,   12,   13,   14,   15,
     0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80};
